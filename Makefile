@@ -1,0 +1,48 @@
+# make run: installs what is missing, builds and starts the designer.
+# make test: the same, then every test; then the whole suite again under AddressSanitizer and
+#            UndefinedBehaviorSanitizer.
+# make bench: the benchmarks of the largest menu, in a release build.
+
+BUILD_DIR ?= build
+SANITIZE_DIR ?= build-sanitize
+BENCH_DIR ?= build-bench
+JOBS ?= $(shell nproc)
+CMAKE_CONFIGURE = cmake -G Ninja -Wno-dev
+
+.PHONY: all deps build run test test-plain test-sanitize bench format clean
+
+all: build
+
+deps:
+	@./scripts/install-deps.sh
+
+build: deps
+	$(CMAKE_CONFIGURE) -S . -B $(BUILD_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo
+	cmake --build $(BUILD_DIR) -j $(JOBS)
+
+run: build
+	$(BUILD_DIR)/bin/quorvel
+
+test: test-plain test-sanitize
+
+test-plain: build
+	cd $(BUILD_DIR) && ctest --output-on-failure -j $(JOBS)
+
+test-sanitize: deps
+	$(CMAKE_CONFIGURE) -S . -B $(SANITIZE_DIR) -DCMAKE_BUILD_TYPE=Debug -DQUORVEL_SANITIZE=ON
+	cmake --build $(SANITIZE_DIR) -j $(JOBS)
+	cd $(SANITIZE_DIR) && \
+	  ASAN_OPTIONS=detect_leaks=1:abort_on_error=1 \
+	  UBSAN_OPTIONS=print_stacktrace=1:halt_on_error=1 \
+	  ctest --output-on-failure -j $(JOBS)
+
+bench: deps
+	$(CMAKE_CONFIGURE) -S . -B $(BENCH_DIR) -DCMAKE_BUILD_TYPE=Release -DQUORVEL_BENCHMARKS=ON
+	cmake --build $(BENCH_DIR) -j $(JOBS) --target quorvel_bench
+	$(BENCH_DIR)/bench/quorvel_bench
+
+format:
+	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR)

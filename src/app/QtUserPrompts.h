@@ -1,0 +1,17 @@
+#pragma once
+
+#include "UserPrompts.h"
+
+class QWidget;
+
+// The prompts as Qt's own dialogs, over the given window.
+class QtUserPrompts : public UserPrompts
+{
+public:
+    void setParentWindow(QWidget* window) { m_parent = window; }
+
+    void showMessage(const QString& text) override;
+
+private:
+    QWidget* m_parent = nullptr;
+};

@@ -1,0 +1,42 @@
+#pragma once
+
+#include <QCommandLineParser>
+#include <QString>
+#include <QStringList>
+
+// Ends a subcommand with a one-line message on standard error and exit status 1.
+class CliError
+{
+public:
+    explicit CliError(QString message)
+        : m_message(std::move(message))
+    { }
+    const QString& message() const { return m_message; }
+
+private:
+    QString m_message;
+};
+
+// The arguments of one subcommand: its positional arguments, in order, and its options.
+class CommandParser
+{
+public:
+    CommandParser(const QString& command, const QString& description);
+
+    void addPositional(const QString& name, const QString& description);
+    void addOption(const QCommandLineOption& option) { m_parser.addOption(option); }
+
+    // Checks the arguments (the subcommand's name first). Returns false when --help was given: the
+    // usage has been printed and the command has nothing more to do. Throws CliError on bad arguments.
+    bool parse(const QStringList& arguments);
+
+    QString positional(int index) const { return m_parser.positionalArguments().at(index); }
+
+private:
+    QString m_command;
+    QCommandLineParser m_parser;
+    QStringList m_positionalNames;
+};
+
+// Messages that a window would show in a box, for standard error.
+void printToStderr(const QString& line);

@@ -1,0 +1,30 @@
+#include "ResaveCommand.h"
+
+#include "CliCommand.h"
+#include "document/ComponentFiles.h"
+#include "document/MenuDocument.h"
+
+int runResave(const QStringList& arguments)
+{
+    CommandParser parser(QStringLiteral("resave"),
+        QStringLiteral("Loads the component files under IN_PREFIX into a fresh document and writes all "
+                       "component files under OUT_PREFIX."));
+    parser.addPositional(
+        QStringLiteral("IN_PREFIX"), QStringLiteral("Prefix of the files to read, e.g. menus/summer"));
+    parser.addPositional(QStringLiteral("OUT_PREFIX"), QStringLiteral("Prefix of the files to write"));
+    if (!parser.parse(arguments)) {
+        return 0;
+    }
+
+    MenuDocument document;
+    document.FilePrefix = parser.positional(0);
+    if (ComponentFiles::load(document) == 0) {
+        throw CliError(QStringLiteral("no component files found under '%1'").arg(document.FilePrefix));
+    }
+    document.FilePrefix = parser.positional(1);
+    const QStringList failed = ComponentFiles::save(document);
+    if (!failed.isEmpty()) {
+        throw CliError(QStringLiteral("cannot write '%1'").arg(failed.first()));
+    }
+    return 0;
+}

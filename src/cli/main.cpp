@@ -1,0 +1,69 @@
+#include "CliCommand.h"
+#include "ResaveCommand.h"
+#include "document/Fault.h"
+
+#include <QCoreApplication>
+
+#include <cstdio>
+#include <functional>
+
+namespace {
+
+struct Command
+{
+    const char* name;
+    const char* summary;
+    std::function<int(const QStringList&)> run;
+};
+
+const Command Commands[] = {
+    { "resave", "load a project's component files and write them under another prefix", runResave },
+};
+
+void printUsage()
+{
+    std::puts("Usage: quorvel-cli COMMAND [arguments]\n\nCommands:");
+    for (const Command& command : Commands) {
+        std::printf("  %-10s %s\n", command.name, command.summary);
+    }
+    std::puts("\nRun 'quorvel-cli COMMAND --help' for a command's arguments.");
+}
+
+int runCommand(const QStringList& arguments)
+{
+    if (arguments.size() < 2) {
+        throw CliError(QStringLiteral("no command given; see 'quorvel-cli --help'"));
+    }
+    const QString& name = arguments.at(1);
+    if (name == u"--help" || name == u"-h") {
+        printUsage();
+        return 0;
+    }
+    if (name == u"--version" || name == u"-v") {
+        std::puts("quorvel-cli " QUORVEL_VERSION);
+        return 0;
+    }
+    for (const Command& command : Commands) {
+        if (name == QLatin1StringView(command.name)) {
+            return command.run(arguments.mid(1));
+        }
+    }
+    throw CliError(QStringLiteral("unknown command '%1'; see 'quorvel-cli --help'").arg(name));
+}
+
+} // namespace
+
+int main(int argc, char* argv[])
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("quorvel-cli"));
+    QCoreApplication::setOrganizationName(QStringLiteral("QUORVEL"));
+    try {
+        return runCommand(QCoreApplication::arguments());
+    } catch (const CliError& error) {
+        printToStderr(QStringLiteral("quorvel-cli: ") + error.message());
+    } catch (const Fault& fault) {
+        printToStderr(QStringLiteral("quorvel-cli: ") + fault.message());
+    }
+    return 1;
+}

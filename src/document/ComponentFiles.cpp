@@ -1,0 +1,533 @@
+#include "ComponentFiles.h"
+
+#include "AnsiCodec.h"
+#include "Blanks.h"
+#include "LineReader.h"
+#include "MenuDocument.h"
+#include "NumberText.h"
+#include "PluLine.h"
+#include "PluNumberIndex.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+#include <algorithm>
+#include <atomic>
+#include <cstring>
+#include <exception>
+#include <functional>
+#include <optional>
+#include <thread>
+#include <vector>
+
+namespace {
+
+const QString DefinitionsSuffix = QStringLiteral("_modifiers_definitions.txt");
+const QString AssignmentsSuffix = QStringLiteral("_modifiers.txt");
+const QString ButtonsSuffix = QStringLiteral("_botoes.txt");
+const QString PluSuffix = QStringLiteral("_pludata.txt");
+const QString PrinterSuffix = QStringLiteral("_printer.txt");
+const QString LayoutSuffix = QStringLiteral("_Layout.txt");
+const QString LanguagesSuffix = QStringLiteral("_Languages.txt");
+const QString PagesVersionSuffix = QStringLiteral("_PagesVersion.txt");
+
+constexpr int WriterThreads = 8;
+
+// The layout file stops at this slot; the slots after it are not stored.
+constexpr int LastStoredLayoutSlot = 312;
+
+QString pageFileSuffix(const char16_t* name, int page)
+{
+    return QString::fromUtf16(name) + QString::number(page) + QStringLiteral(".txt");
+}
+
+// Builds one file: one value a line, CR LF, windows-1252.
+class LineWriter
+{
+public:
+    void text(QStringView value)
+    {
+        const qsizetype start = m_bytes.size();
+        AnsiCodec::appendEncoded(m_bytes, value);
+        replaceLineBreaks(start);
+        m_bytes.append("\r\n", 2);
+    }
+    template<typename A, typename B>
+    void text(const QStringBuilder<A, B>& value)
+    {
+        text(QString(value));
+    }
+    void number(std::int32_t value) { text(NumberText::fileNumber(value)); }
+    void number(float value) { text(NumberText::fileNumber(value)); }
+
+    QByteArray take() { return std::move(m_bytes); }
+
+private:
+    // A line break inside a value would shift every value after it; it is stored as a blank.
+    void replaceLineBreaks(qsizetype from)
+    {
+        const auto length = static_cast<std::size_t>(m_bytes.size() - from);
+        const char* const value = m_bytes.constData() + from;
+        if (std::memchr(value, '\r', length) || std::memchr(value, '\n', length)) {
+            std::replace_if(
+                m_bytes.begin() + from, m_bytes.end(), [](char byte) { return byte == '\r' || byte == '\n'; },
+                ' ');
+        }
+    }
+
+    QByteArray m_bytes;
+};
+
+QByteArray renderDefinitions(const MenuDocument& document)
+{
+    LineWriter out;
+    for (int i = 0; i < document.ModifierListCount; ++i) {
+        const ModifierDefinition& definition = document.ModifierLists[i];
+        out.text(definition.Name);
+        for (int entry = 0; entry < definition.EntryCount; ++entry) {
+            out.number(definition.EntryPlu[entry]);
+        }
+        out.text({});
+    }
+    return out.take();
+}
+
+QByteArray renderAssignments(const MenuDocument& document)
+{
+    LineWriter out;
+    for (int i = 0; i < document.AssignmentCount; ++i) {
+        const ModifierAssignment& assignment = document.Assignments[i];
+        out.text(assignment.Key);
+        for (int list = 0; list < assignment.ListCount; ++list) {
+            out.text(assignment.ListName[list]);
+            // The mandatory flag is not written, though the reader takes it.
+            if (assignment.Minimum[list] != 0) {
+                out.text(QStringLiteral("minimo ") + NumberText::str(assignment.Minimum[list]));
+            }
+            if (assignment.Maximum[list] != 0) {
+                out.text(QStringLiteral("maximo ") + NumberText::str(assignment.Maximum[list]));
+            }
+            if (assignment.Default[list] != 0) {
+                out.text(QStringLiteral("default ") + NumberText::str(assignment.Default[list]));
+            }
+        }
+        out.text({});
+    }
+    return out.take();
+}
+
+QByteArray renderButtons(const MenuDocument& document)
+{
+    LineWriter out;
+    for (int slot = 0; slot < Limits::PageCount * Limits::RowsPerPage; ++slot) {
+        if (slot % Limits::RowsPerPage == 0) {
+            out.text(QStringLiteral("- Page ") + NumberText::str(slot / Limits::RowsPerPage));
+        }
+        const std::int32_t plu = document.LinePlu[slot];
+        out.text(plu > 0 ? NumberText::str(plu) : QStringLiteral("0"));
+    }
+    return out.take();
+}
+
+// One line per row of the page: the given field of the product on the line, or an empty line.
+QByteArray renderPageColumn(
+    const MenuDocument& document, const PluNumberIndex& index, int page, QString PluRecord::*field)
+{
+    LineWriter out;
+    for (int row = 0; row < Limits::RowsPerPage; ++row) {
+        const std::int32_t plu = document.LinePlu[lineSlot(page, row)];
+        const int found = plu != 0 ? index.findLinePlu(plu) : -1;
+        out.text(found >= 0 ? document.Plus[found].*field : QString());
+    }
+    return out.take();
+}
+
+QByteArray renderPlus(const MenuDocument& document)
+{
+    LineWriter out;
+    for (int i = 0; i < document.PluCount; ++i) {
+        out.text(PluLine::format(document.Plus[i]));
+    }
+    return out.take();
+}
+
+QByteArray renderPrinter(const PrintSettings& settings)
+{
+    LineWriter out;
+    out.number(settings.Value1);
+    out.number(settings.Value2);
+    out.number(settings.Value3);
+    out.text(settings.CurrencySymbol);
+    out.text(settings.FontName);
+    for (int kind : { 1, 2, 0 }) {
+        out.text(settings.ColorBack[kind]);
+        out.text(settings.ColorFore[kind]);
+    }
+    out.text(settings.DefaultPageColor);
+    out.number(settings.Value4);
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        out.text(settings.PageColorA[page]);
+        out.text(settings.PageColorB[page]);
+    }
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        out.text(settings.PageValueA[page]);
+        out.text(settings.PageValueB[page]);
+    }
+    return out.take();
+}
+
+QByteArray renderLayout(const MenuDocument& document)
+{
+    LineWriter out;
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        const LineLayout& line = document.LineLayouts[slot];
+        out.text(line.text);
+        out.number(line.kind);
+        out.text(line.backColor);
+        out.text(line.foreColor);
+        out.number(line.field5);
+        out.text(line.backText);
+        out.text(line.backBackColor);
+        out.text(line.backForeColor);
+        out.text(line.picturePath);
+    }
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        out.number(document.LineLayouts[slot].pictureRole);
+    }
+    return out.take();
+}
+
+QByteArray renderLanguages(const LanguageTable& texts)
+{
+    LineWriter out;
+    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
+        for (int language = 1; language <= Limits::LanguageCount; ++language) {
+            out.text(texts.at(key, language));
+        }
+    }
+    return out.take();
+}
+
+QByteArray renderPagesVersion(const MenuDocument& document)
+{
+    LineWriter out;
+    out.text(document.PagesVersion);
+    return out.take();
+}
+
+bool writeFile(const QString& path, const QByteArray& bytes)
+{
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+}
+
+std::optional<LineReader> openFile(const MenuDocument& document, const QString& suffix)
+{
+    QFile file(document.FilePrefix + suffix);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    return LineReader(file.readAll());
+}
+
+template<typename Store>
+void ignoringFaults(Store&& store)
+{
+    try {
+        store();
+    } catch (const Fault&) {
+        // A value that does not fit is passed over; the line after it is read as usual.
+    }
+}
+
+void readPlus(LineReader& in, MenuDocument& document)
+{
+    int count = 0;
+    while (!in.atEnd() && count < Limits::PluCapacity) {
+        const QString line = in.next();
+        if (isBlank(line)) {
+            break;
+        }
+        document.Plus[count++] = PluLine::parse(line);
+    }
+    document.PluCount = count;
+}
+
+void storeNumber(std::int32_t& target, QStringView text)
+{
+    ignoringFaults([&] { target = NumberText::int32Value(text); });
+}
+
+// Reads the options that follow a list name, up to the blank line that ends the product or the next
+// list name, which it returns. Only the last character of "minimo" and "maximo" lines counts.
+QString readListOptions(LineReader& in, ModifierAssignment& assignment, int list)
+{
+    for (;;) {
+        const QString line = in.next();
+        if (line == u"obrigatorio") {
+            assignment.Mandatory[list] = 1;
+        } else if (line.startsWith(u"minimo")) {
+            storeNumber(assignment.Minimum[list], QStringView(line).last(1));
+        } else if (line.startsWith(u"maximo")) {
+            storeNumber(assignment.Maximum[list], QStringView(line).last(1));
+        } else if (line.startsWith(u"default")) {
+            storeNumber(assignment.Default[list], QStringView(line).sliced(7));
+        } else {
+            return line;
+        }
+        if (in.atEnd()) {
+            return {};
+        }
+    }
+}
+
+void startList(ModifierAssignment& assignment, const QString& name)
+{
+    const int list = assignment.ListCount++;
+    assignment.ListName[list] = name;
+    assignment.Mandatory[list] = 0;
+    assignment.Minimum[list] = 0;
+    assignment.Maximum[list] = 0;
+    assignment.Default[list] = 0;
+}
+
+void readAssignments(LineReader& in, MenuDocument& document)
+{
+    int count = 0;
+    while (!in.atEnd() && count < Limits::AssignmentCapacity) {
+        ModifierAssignment& assignment = document.Assignments[count++];
+        assignment.Key = in.next();
+        assignment.ListCount = 0;
+        QString line = in.next();
+        // A list name on the file's last line is not taken.
+        while (!isBlank(line) && !in.atEnd()) {
+            if (assignment.ListCount < Limits::AttachedListCapacity) {
+                startList(assignment, line);
+                line = readListOptions(in, assignment, assignment.ListCount - 1);
+            } else {
+                ModifierAssignment dropped; // lists past the table's end are read and left out
+                line = readListOptions(in, dropped, 0);
+            }
+        }
+    }
+    document.AssignmentCount = count;
+}
+
+// A definition's entries take the code and description of the product with their number; of the
+// first product when the number is not in the catalogue.
+void readDefinitions(LineReader& in, MenuDocument& document)
+{
+    const PluNumberIndex plus(document);
+    int count = 0;
+    while (!in.atEnd() && count < Limits::ModifierListCapacity) {
+        const QString name = in.next();
+        // End of file is tested after each read, so the file's last line is never taken.
+        if (isBlank(name) || in.atEnd()) {
+            break;
+        }
+        ModifierDefinition& definition = document.ModifierLists[count++];
+        definition.Name = name;
+        definition.EntryCount = 0;
+        for (QString line = in.next(); !isBlank(line) && !in.atEnd(); line = in.next()) {
+            if (definition.EntryCount == Limits::EntryCapacity) {
+                continue;
+            }
+            ignoringFaults([&] {
+                const PluRecord& plu = document.Plus[plus.FindPluIndex(NumberText::numericValue(line))];
+                definition.EntryPlu[definition.EntryCount] = NumberText::int32Value(plu.Code);
+                definition.EntryText[definition.EntryCount] = plu.Description;
+                ++definition.EntryCount;
+            });
+        }
+    }
+    document.ModifierListCount = count;
+}
+
+void readButtons(LineReader& in, MenuDocument& document)
+{
+    for (int slot = 0; !in.atEnd() && slot < Limits::LineSlotCount;) {
+        const QString line = in.next();
+        if (!line.startsWith(u'-')) {
+            storeNumber(document.LinePlu[slot++], line);
+        }
+    }
+}
+
+void readPrinter(LineReader& in, PrintSettings& settings)
+{
+    in.read(settings.Value1);
+    in.read(settings.Value2);
+    in.read(settings.Value3);
+    in.read(settings.CurrencySymbol);
+    in.read(settings.FontName);
+    for (int kind : { 1, 2, 0 }) {
+        in.read(settings.ColorBack[kind]);
+        in.read(settings.ColorFore[kind]);
+    }
+    in.read(settings.DefaultPageColor);
+    in.read(settings.Value4);
+    // The pages start from the default page colour; the colours the file gives them win.
+    settings.resetPageColors();
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        in.read(settings.PageColorA[page]);
+        in.read(settings.PageColorB[page]);
+    }
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        in.read(settings.PageValueA[page]);
+        in.read(settings.PageValueB[page]);
+    }
+}
+
+void readLayout(LineReader& in, MenuDocument& document)
+{
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        LineLayout& line = document.LineLayouts[slot];
+        in.read(line.text);
+        in.read(line.kind);
+        in.read(line.backColor);
+        in.read(line.foreColor);
+        in.skip(); // field 5 is written but not restored
+        in.read(line.backText);
+        in.read(line.backBackColor);
+        in.read(line.backForeColor);
+        in.read(line.picturePath);
+    }
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        in.read(document.LineLayouts[slot].pictureRole);
+    }
+}
+
+void readLanguages(LineReader& in, LanguageTable& texts)
+{
+    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
+        for (int language = 1; language <= Limits::LanguageCount; ++language) {
+            in.read(texts.at(key, language));
+        }
+    }
+}
+
+// One component file: its suffix and how to make its bytes. Makers only read the document, so that
+// several can run at once.
+struct FileMaker
+{
+    QString suffix;
+    std::function<QByteArray()> make;
+};
+
+// The component files in the order the format lists them.
+QList<FileMaker> fileMakers(const MenuDocument& document, const PluNumberIndex& plus)
+{
+    QList<FileMaker> makers;
+    makers.append({ DefinitionsSuffix, [&] { return renderDefinitions(document); } });
+    makers.append({ AssignmentsSuffix, [&] { return renderAssignments(document); } });
+    makers.append({ ButtonsSuffix, [&] { return renderButtons(document); } });
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        makers.append({ pageFileSuffix(u"_Page_Description_", page),
+            [&, page] { return renderPageColumn(document, plus, page, &PluRecord::Description); } });
+    }
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        makers.append({ pageFileSuffix(u"_Page_Price_", page),
+            [&, page] { return renderPageColumn(document, plus, page, &PluRecord::Price); } });
+    }
+    makers.append({ PluSuffix, [&] { return renderPlus(document); } });
+    makers.append({ PrinterSuffix, [&] { return renderPrinter(document.PrintSettings); } });
+    makers.append({ LayoutSuffix, [&] { return renderLayout(document); } });
+    makers.append({ LanguagesSuffix, [&] { return renderLanguages(document.LanguageTable); } });
+    makers.append({ PagesVersionSuffix, [&] { return renderPagesVersion(document); } });
+    return makers;
+}
+
+// Runs work(i) for every i below count on a few threads at once.
+template<typename Work>
+void runSideBySide(qsizetype count, const Work& work)
+{
+    std::atomic<qsizetype> next = 0;
+    const auto worker = [&] {
+        for (qsizetype i = next++; i < count; i = next++) {
+            work(i);
+        }
+    };
+    std::vector<std::jthread> workers;
+    for (int i = 0; i < WriterThreads; ++i) {
+        workers.emplace_back(worker);
+    }
+}
+
+} // namespace
+
+namespace ComponentFiles {
+
+QList<File> render(const MenuDocument& document)
+{
+    const PluNumberIndex plus(document);
+    QList<File> files;
+    for (const FileMaker& maker : fileMakers(document, plus)) {
+        files.append({ maker.suffix, maker.make() });
+    }
+    return files;
+}
+
+QStringList save(const MenuDocument& document)
+{
+    const PluNumberIndex plus(document);
+    QList<FileMaker> makers = fileMakers(document, plus);
+    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
+    // as it was, since nothing is written before all files are made.
+    std::stable_partition(
+        makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
+    std::vector<QByteArray> bytes(static_cast<std::size_t>(makers.size()));
+    std::vector<std::exception_ptr> faults(bytes.size());
+    runSideBySide(makers.size(), [&](qsizetype i) {
+        try {
+            bytes[static_cast<std::size_t>(i)] = makers[i].make();
+        } catch (...) {
+            faults[static_cast<std::size_t>(i)] = std::current_exception();
+        }
+    });
+    for (const std::exception_ptr& fault : faults) {
+        if (fault) {
+            std::rethrow_exception(fault);
+        }
+    }
+    std::vector<char> written(bytes.size());
+    runSideBySide(makers.size(), [&](qsizetype i) {
+        const auto at = static_cast<std::size_t>(i);
+        written[at] = writeFile(document.FilePrefix + makers[i].suffix, bytes[at]);
+    });
+    QStringList failed;
+    for (qsizetype i = 0; i < makers.size(); ++i) {
+        if (!written[static_cast<std::size_t>(i)]) {
+            failed.append(document.FilePrefix + makers[i].suffix);
+        }
+    }
+    return failed;
+}
+
+int load(MenuDocument& document)
+{
+    int found = 0;
+    const auto readIfPresent = [&](const QString& suffix, const auto& read) {
+        if (auto in = openFile(document, suffix)) {
+            ++found;
+            read(*in);
+            return true;
+        }
+        return false;
+    };
+    // The modifier lists look their products up in the catalogue, so the catalogue comes first.
+    readIfPresent(PluSuffix, [&](LineReader& in) { readPlus(in, document); });
+    readIfPresent(AssignmentsSuffix, [&](LineReader& in) { readAssignments(in, document); });
+    readIfPresent(DefinitionsSuffix, [&](LineReader& in) { readDefinitions(in, document); });
+    readIfPresent(ButtonsSuffix, [&](LineReader& in) { readButtons(in, document); });
+    if (!readIfPresent(PrinterSuffix, [&](LineReader& in) { readPrinter(in, document.PrintSettings); })) {
+        document.PrintSettings.setDefaults();
+    }
+    readIfPresent(LayoutSuffix, [&](LineReader& in) { readLayout(in, document); });
+    document.LanguageTable.setDefaultLanguageNames();
+    readIfPresent(LanguagesSuffix, [&](LineReader& in) { readLanguages(in, document.LanguageTable); });
+    document.PagesVersion = QStringLiteral("0");
+    readIfPresent(PagesVersionSuffix, [&](LineReader& in) { in.read(document.PagesVersion); });
+    return found;
+}
+
+} // namespace ComponentFiles

@@ -1,0 +1,6 @@
+#include "ScriptedPrompts.h"
+
+void ScriptedPrompts::showMessage(const QString& text)
+{
+    messages.append(text);
+}
