@@ -11,6 +11,9 @@ public:
     void setParentWindow(QWidget* window) { m_parent = window; }
 
     void showMessage(const QString& text) override;
+    QString askText(const QString& title) override;
+    QString askOpenFile(const QString& preset) override;
+    QString askSaveFile(const QString& preset) override;
 
 private:
     QWidget* m_parent = nullptr;

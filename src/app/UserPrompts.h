@@ -11,4 +11,12 @@ public:
 
     // A message with an OK button only.
     virtual void showMessage(const QString& text) = 0;
+
+    // A one-line input box with the given title; the empty text when the user cancels.
+    virtual QString askText(const QString& title) = 0;
+
+    // The system's file dialogs. The preset is a pattern ("*.QV1") or a file name ("DATA.XLS") the
+    // dialog starts with. The chosen path, or the empty text when the user cancels.
+    virtual QString askOpenFile(const QString& preset) = 0;
+    virtual QString askSaveFile(const QString& preset) = 0;
 };

@@ -12,9 +12,7 @@ PluNumberIndex::PluNumberIndex(const MenuDocument& document)
         if (positions.first < 0) {
             positions.first = i;
         }
-        if (i >= 1) {
-            positions.lastFromOne = i;
-        }
+        positions.last = i;
     }
     if (!m_scanLeavesTable) {
         m_numberPastEnd = pluNumber(document.Plus[document.PluCount]);
@@ -35,6 +33,12 @@ int PluNumberIndex::FindPluIndex(double n) const
 
 int PluNumberIndex::findLinePlu(std::int32_t n) const
 {
+    const int last = lastPluIndex(n);
+    return last >= 1 ? last : -1;
+}
+
+int PluNumberIndex::lastPluIndex(double n) const
+{
     const auto found = m_positions.constFind(n);
-    return found != m_positions.cend() ? found->lastFromOne : -1;
+    return found != m_positions.cend() ? found->last : -1;
 }

@@ -16,12 +16,14 @@ public:
 
     int FindPluIndex(double n) const;
     int findLinePlu(std::int32_t n) const;
+    // The last index 0 to PluCount - 1 with the number n, or -1: the product a page row shows.
+    int lastPluIndex(double n) const;
 
 private:
     struct Positions
     {
         int first = -1; // over 0 .. PluCount - 1
-        int lastFromOne = -1; // over 1 .. PluCount - 1
+        int last = -1;
     };
 
     QHash<double, Positions> m_positions;

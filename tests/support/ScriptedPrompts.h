@@ -4,11 +4,18 @@
 
 #include <QStringList>
 
-// Answers the program's prompts without showing anything, and records what was asked.
+// Answers the program's prompts from prepared answers without showing anything, and records every
+// prompt in `asked` ("message: ...", "text: TITLE", "open: PRESET", "save: PRESET"). A prompt with no
+// answer left gets the cancel answer, the empty text.
 class ScriptedPrompts : public UserPrompts
 {
 public:
     void showMessage(const QString& text) override;
+    QString askText(const QString& title) override;
+    QString askOpenFile(const QString& preset) override;
+    QString askSaveFile(const QString& preset) override;
 
     QStringList messages;
+    QStringList asked;
+    QStringList answers; // taken in order by the text and file prompts
 };

@@ -1,0 +1,8 @@
+#pragma once
+
+#include <QColor>
+
+#include <cstdint>
+
+// The document keeps colours as numbers with red in the low byte (0x00BBGGRR).
+QColor colorOfNumber(std::int32_t number);
