@@ -1,0 +1,121 @@
+#include "PluList.h"
+
+#include "app/UserPrompts.h"
+#include "document/MenuDocument.h"
+#include "document/NumberText.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace {
+
+PluListEntry entryOf(const PluRecord& plu, double number)
+{
+    return { plu.Description, NumberText::toInt32(number) };
+}
+
+// The catalogue's numbers converted once and sorted, so that each bound line finds its products without
+// converting every Code again. Equal numbers keep catalogue order.
+class NumberRuns
+{
+public:
+    explicit NumberRuns(const MenuDocument& document)
+    {
+        m_sorted.reserve(static_cast<std::size_t>(std::max(document.PluCount, 0)));
+        for (int i = 0; i < document.PluCount; ++i) {
+            m_sorted.emplace_back(pluNumber(document.Plus[i]), i);
+        }
+        std::sort(m_sorted.begin(), m_sorted.end());
+    }
+
+    template<typename Visit>
+    void forEachIndexOf(double number, Visit&& visit) const
+    {
+        auto at = std::lower_bound(m_sorted.cbegin(), m_sorted.cend(), number,
+            [](const auto& run, double n) { return run.first < n; });
+        for (; at != m_sorted.cend() && at->first == number; ++at) {
+            visit(at->second);
+        }
+    }
+
+private:
+    std::vector<std::pair<double, int>> m_sorted;
+};
+
+} // namespace
+
+namespace PluList {
+
+QList<PluListEntry> definedPlus(const MenuDocument& document)
+{
+    return filteredPlus(document, QString());
+}
+
+QList<PluListEntry> placedPlus(const MenuDocument& document)
+{
+    QList<PluListEntry> entries;
+    std::optional<NumberRuns> runs; // made at the first bound line: an unbound page reads no Code
+    for (int slot = 0; slot < Limits::LineSlotCount; ++slot) {
+        const std::int32_t number = document.LinePlu[slot];
+        if (number == 0) {
+            continue;
+        }
+        if (!runs) {
+            runs.emplace(document);
+        }
+        runs->forEachIndexOf(number, [&](int index) {
+            entries.append(PluListEntry { document.Plus[index].Description, number });
+        });
+    }
+    return entries;
+}
+
+QList<PluListEntry> filteredPlus(const MenuDocument& document, const QString& text)
+{
+    QList<PluListEntry> entries;
+    for (int i = 0; i < document.PluCount; ++i) {
+        const PluRecord& plu = document.Plus[i];
+        const double number = pluNumber(plu);
+        if (number > 0 && containsIgnoringCase(plu.Description, text)) {
+            entries.append(entryOf(plu, number));
+        }
+    }
+    return entries;
+}
+
+bool containsIgnoringCase(const QString& text, const QString& searchText)
+{
+    return searchText.isEmpty() || text.contains(searchText, Qt::CaseInsensitive);
+}
+
+bool addPlu(MenuDocument& document, UserPrompts& prompts, const QString& description)
+{
+    if (description.isEmpty()) {
+        prompts.showMessage(QStringLiteral("Please fill Plu Description!"));
+        return false;
+    }
+    const QString code = prompts.askText(QStringLiteral("Plu Number"));
+    // A full catalogue faults here, after the first question and before anything is stored.
+    PluRecord& plu = document.Plus[document.PluCount];
+    plu.Code = code;
+    plu.AuxText.clear();
+    plu.AltCode = code;
+    plu.Price = prompts.askText(QStringLiteral("Price"));
+    plu.Description = description;
+    ++document.PluCount;
+    return true;
+}
+
+QString priceOfPlu(const MenuDocument& document, std::int32_t number)
+{
+    for (int i = 0; i <= document.PluCount; ++i) {
+        if (pluNumber(document.Plus[i]) == number) {
+            return document.Plus[i].Price;
+        }
+    }
+    return QString();
+}
+
+} // namespace PluList

@@ -1,0 +1,187 @@
+#include "catalogue/PluList.h"
+
+#include "document/MenuDocument.h"
+#include "support/QtPrinters.h"
+#include "support/SampleDocuments.h"
+#include "support/ScriptedPrompts.h"
+
+#include <gtest/gtest.h>
+#include <random>
+
+using SampleDocuments::addPlu;
+
+inline void PrintTo(const PluListEntry& entry, std::ostream* out)
+{
+    *out << '{' << entry.description.toStdString() << ", " << entry.number << '}';
+}
+
+namespace {
+
+QList<PluListEntry> entries(std::initializer_list<std::pair<const char16_t*, int>> list)
+{
+    QList<PluListEntry> result;
+    for (const auto& [description, number] : list) {
+        result.append(PluListEntry { QString::fromUtf16(description), number });
+    }
+    return result;
+}
+
+// The rule the "Only Defined plus" list follows, as a plain double loop.
+QList<PluListEntry> placedPlusByDefinition(const MenuDocument& document)
+{
+    QList<PluListEntry> result;
+    for (int slot = 0; slot < Limits::LineSlotCount; ++slot) {
+        for (int i = 0; i < document.PluCount; ++i) {
+            if (document.LinePlu[slot] != 0 && document.LinePlu[slot] == pluNumber(document.Plus[i])) {
+                result.append(PluListEntry { document.Plus[i].Description, document.LinePlu[slot] });
+            }
+        }
+    }
+    return result;
+}
+
+// Products whose codes are every kind the catalogue meets: plain, padded, deleted, negative, text.
+MenuDocument mixedCatalogue()
+{
+    MenuDocument document;
+    addPlu(document, QStringLiteral("1001"), QStringLiteral("Espresso"), QStringLiteral("2.50"));
+    addPlu(document, QStringLiteral("0"), QStringLiteral("Espresso duplo apagado"), QStringLiteral("3"));
+    addPlu(document, QStringLiteral(" 3001"), QStringLiteral("Bife à portuguesa"), QStringLiteral("14.75"));
+    addPlu(document, QStringLiteral("abc"), QStringLiteral("Sem número"), QStringLiteral("1"));
+    addPlu(document, QStringLiteral("-5"), QStringLiteral("Negativo"), QStringLiteral("1"));
+    addPlu(document, QStringLiteral("12abc"), QStringLiteral("ÁGUA com gás"), QStringLiteral("1.20"));
+    addPlu(document, QStringLiteral("2.5"), QStringLiteral("Meio dois"), QStringLiteral("1"));
+    addPlu(document, QStringLiteral(""), QStringLiteral("Vazio"), QStringLiteral("1"));
+    addPlu(document, QStringLiteral("1001"), QStringLiteral("espresso repetido"), QStringLiteral("2.60"));
+    // Past the count: never listed, whatever it holds.
+    document.Plus[document.PluCount]
+        = PluRecord { QStringLiteral("77"), {}, {}, QStringLiteral("9"), QStringLiteral("Espresso fora") };
+    return document;
+}
+
+} // namespace
+
+TEST(PluList, DefinedPlusListsNumbersAboveZeroInCatalogueOrder)
+{
+    const MenuDocument document = mixedCatalogue();
+    EXPECT_EQ(PluList::definedPlus(document),
+        entries({ { u"Espresso", 1001 }, { u"Bife à portuguesa", 3001 }, { u"ÁGUA com gás", 12 },
+            { u"Meio dois", 2 }, { u"espresso repetido", 1001 } }));
+    EXPECT_TRUE(PluList::definedPlus(MenuDocument()).isEmpty());
+}
+
+TEST(PluList, FilterIgnoresCaseAndHidesWhatTheFullListHides)
+{
+    const MenuDocument document = mixedCatalogue();
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("ESPRESSO")),
+        entries({ { u"Espresso", 1001 }, { u"espresso repetido", 1001 } }));
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("água")), entries({ { u"ÁGUA com gás", 12 } }));
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("À PORT")),
+        entries({ { u"Bife à portuguesa", 3001 } }));
+    EXPECT_TRUE(PluList::filteredPlus(document, QStringLiteral("número")).isEmpty());
+    EXPECT_TRUE(PluList::filteredPlus(document, QStringLiteral("espresso duplo")).isEmpty());
+    EXPECT_EQ(PluList::filteredPlus(document, QString()), PluList::definedPlus(document));
+}
+
+TEST(PluList, ANumberTooLargeForAnEntryOverflows)
+{
+    MenuDocument document;
+    addPlu(document, QStringLiteral("1"), QStringLiteral("Pão"), QStringLiteral("1"));
+    addPlu(document, QStringLiteral("3000000000"), QStringLiteral("Grande"), QStringLiteral("1"));
+    EXPECT_THROW(PluList::definedPlus(document), OverflowFault);
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("pão")), entries({ { u"Pão", 1 } }));
+}
+
+TEST(PluList, PlacedPlusFollowsTheLinesOncePerLine)
+{
+    MenuDocument document = mixedCatalogue();
+    document.LinePlu[lineSlot(2, 5)] = 1001;
+    document.LinePlu[lineSlot(1, 0)] = 3001;
+    document.LinePlu[lineSlot(1, 7)] = 1001;
+    document.LinePlu[lineSlot(14, 23)] = 12;
+    document.LinePlu[Limits::LineSlotCount - 1] = 3001; // the spare slot counts too
+    document.LinePlu[lineSlot(3, 0)] = 4444; // bound to a number the catalogue lacks
+    document.LinePlu[lineSlot(3, 1)] = 77; // only past the count
+    document.LinePlu[lineSlot(3, 2)] = -5;
+
+    EXPECT_EQ(PluList::placedPlus(document),
+        entries({ { u"Bife à portuguesa", 3001 }, { u"Espresso", 1001 }, { u"espresso repetido", 1001 },
+            { u"Espresso", 1001 }, { u"espresso repetido", 1001 }, { u"Negativo", -5 },
+            { u"ÁGUA com gás", 12 }, { u"Bife à portuguesa", 3001 } }));
+    EXPECT_TRUE(PluList::placedPlus(mixedCatalogue()).isEmpty());
+}
+
+TEST(PluList, PlacedPlusMatchesTheLineByLineRuleOnACrowdedCatalogue)
+{
+    std::mt19937 random(20240611);
+    std::uniform_int_distribution<int> number(-3, 60);
+    MenuDocument document;
+    for (int i = 0; i < 3000; ++i) {
+        const int n = number(random);
+        // Numbers written in several ways, so that equal values come from different texts.
+        const QString code = i % 3 == 0 ? QStringLiteral(" %1").arg(n)
+            : i % 3 == 1                ? QStringLiteral("%1.0x").arg(n)
+                                        : QString::number(n);
+        addPlu(document, code, QStringLiteral("Product %1").arg(i), QString());
+    }
+    for (int slot = 0; slot < Limits::LineSlotCount; ++slot) {
+        document.LinePlu[slot] = slot % 4 == 0 ? 0 : number(random) * 2;
+    }
+    const QList<PluListEntry> expected = placedPlusByDefinition(document);
+    ASSERT_GT(expected.size(), 1000);
+    EXPECT_EQ(PluList::placedPlus(document), expected);
+}
+
+TEST(PluList, AddingAsksNumberThenPriceAndChecksNeither)
+{
+    MenuDocument document = mixedCatalogue();
+    const int countBefore = document.PluCount;
+    ScriptedPrompts prompts;
+    prompts.answers = QStringList { QStringLiteral("1001"), QStringLiteral("4,20 €") };
+    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral("Galão, grande")));
+    EXPECT_EQ(
+        prompts.asked, QStringList({ QStringLiteral("text: Plu Number"), QStringLiteral("text: Price") }));
+    ASSERT_EQ(document.PluCount, countBefore + 1);
+    EXPECT_EQ(document.Plus[countBefore],
+        (PluRecord { QStringLiteral("1001"), QString(), QStringLiteral("1001"), QStringLiteral("4,20 €"),
+            QStringLiteral("Galão, grande") }));
+
+    // Cancelled boxes leave empty texts; whatever the record held before is replaced.
+    document.Plus[document.PluCount].AuxText = QStringLiteral("old");
+    prompts.asked.clear();
+    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral(" ")));
+    EXPECT_EQ(prompts.asked.size(), 2);
+    EXPECT_EQ(document.Plus[countBefore + 1], (PluRecord { {}, {}, {}, {}, QStringLiteral(" ") }));
+    EXPECT_EQ(document.PluCount, countBefore + 2);
+    EXPECT_TRUE(prompts.messages.isEmpty());
+}
+
+TEST(PluList, AddingRefusesAnEmptyDescriptionAndFaultsOnAFullCatalogue)
+{
+    MenuDocument document = mixedCatalogue();
+    const MenuDocument before = document;
+    ScriptedPrompts prompts;
+    prompts.answers = QStringList { QStringLiteral("5"), QStringLiteral("1") };
+    EXPECT_FALSE(PluList::addPlu(document, prompts, QString()));
+    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("message: Please fill Plu Description!") });
+    EXPECT_TRUE(document == before);
+
+    document.PluCount = Limits::PluCapacity;
+    prompts.asked.clear();
+    EXPECT_THROW(PluList::addPlu(document, prompts, QStringLiteral("Mais um")), RangeFault);
+    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("text: Plu Number") });
+    EXPECT_EQ(document.PluCount, Limits::PluCapacity);
+}
+
+TEST(PluList, PriceComesFromTheFirstRecordWithTheNumber)
+{
+    MenuDocument document = mixedCatalogue();
+    EXPECT_EQ(PluList::priceOfPlu(document, 1001), u"2.50");
+    EXPECT_EQ(PluList::priceOfPlu(document, 3001), u"14.75");
+    EXPECT_EQ(PluList::priceOfPlu(document, 12), u"1.20");
+    EXPECT_EQ(PluList::priceOfPlu(document, 4444), QString());
+    // The record right after the last product is looked at as well.
+    EXPECT_EQ(PluList::priceOfPlu(document, 77), u"9");
+    document.DeletePluNumber(1001);
+    EXPECT_EQ(PluList::priceOfPlu(document, 1001), QString());
+}
