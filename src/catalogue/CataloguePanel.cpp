@@ -1,0 +1,247 @@
+#include "CataloguePanel.h"
+
+#include "app/HandlerGuard.h"
+#include "document/MenuDocument.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace {
+
+// Narrower than this, ordinary product descriptions no longer fit; the preferred width fits most.
+constexpr int MinimumDescriptionChars = 36;
+constexpr int PreferredDescriptionChars = 46;
+
+// The average character width runs narrow for lower-case text, which descriptions mostly are.
+int descriptionWidth(const QFontMetrics& metrics, int characters)
+{
+    return metrics.horizontalAdvance(u'n') * characters;
+}
+
+QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption)
+{
+    auto* button = new QPushButton(caption, parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLabel* makeLabel(QWidget* parent, const QString& name, const QString& caption, QWidget* buddy)
+{
+    auto* label = new QLabel(caption, parent);
+    label->setObjectName(name);
+    label->setBuddy(buddy);
+    return label;
+}
+
+} // namespace
+
+CataloguePanel::CataloguePanel(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
+    : QWidget(parent)
+    , m_document(document)
+    , m_prompts(prompts)
+{
+    setObjectName(QStringLiteral("CataloguePanel"));
+    buildControls();
+}
+
+void CataloguePanel::buildControls()
+{
+    m_list = new QListWidget(this);
+    m_list->setObjectName(QStringLiteral("Lista_plus"));
+    // FIND marks every match; a click still picks one entry, with Ctrl and Shift for more.
+    m_list->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    m_list->installEventFilter(this);
+
+    m_onlyDefined = new QCheckBox(QStringLiteral("Only Defined plus"), this);
+    m_onlyDefined->setObjectName(QStringLiteral("Check1"));
+
+    m_text = new QLineEdit(this);
+    m_text->setObjectName(QStringLiteral("Text1"));
+    m_text->setClearButtonEnabled(true);
+
+    QPushButton* filter = makeButton(this, QStringLiteral("Command10"), QStringLiteral("FILTER"));
+    QPushButton* find = makeButton(this, QStringLiteral("Command11"), QStringLiteral("FIND"));
+    QPushButton* add = makeButton(this, QStringLiteral("Command16"), QStringLiteral("Add"));
+    QPushButton* remove = makeButton(this, QStringLiteral("Command9"), QStringLiteral("Delete"));
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(makeLabel(this, QStringLiteral("PlusLabel"), QStringLiteral("Plus"), m_list));
+    layout->addWidget(m_list, 1);
+    layout->addWidget(m_onlyDefined);
+    layout->addSpacing(layout->spacing());
+    layout->addWidget(
+        makeLabel(this, QStringLiteral("PluDescriptionLabel"), QStringLiteral("Plu Description"), m_text));
+    layout->addWidget(m_text);
+    auto* buttons = new QGridLayout;
+    buttons->addWidget(filter, 0, 0);
+    buttons->addWidget(find, 0, 1);
+    buttons->addWidget(add, 1, 0);
+    buttons->addWidget(remove, 1, 1);
+    layout->addLayout(buttons);
+
+    setTabOrder(m_list, m_onlyDefined);
+    setTabOrder(m_onlyDefined, m_text);
+    setTabOrder(m_text, filter);
+    setTabOrder(filter, find);
+    setTabOrder(find, add);
+    setTabOrder(add, remove);
+
+    setMinimumWidth(descriptionWidth(fontMetrics(), MinimumDescriptionChars));
+
+    connect(filter, &QPushButton::clicked, this, &CataloguePanel::Command10_Click);
+    connect(m_text, &QLineEdit::returnPressed, this, &CataloguePanel::Command10_Click);
+    connect(find, &QPushButton::clicked, this, &CataloguePanel::Command11_Click);
+    connect(add, &QPushButton::clicked, this, &CataloguePanel::Command16_Click);
+    connect(remove, &QPushButton::clicked, this, &CataloguePanel::Command9_Click);
+    connect(m_onlyDefined, &QCheckBox::toggled, this, &CataloguePanel::Check1_Click);
+    connect(m_list, &QListWidget::itemDoubleClicked, this, &CataloguePanel::Lista_plus_DblClick);
+}
+
+QSize CataloguePanel::sizeHint() const
+{
+    const QSize hint = QWidget::sizeHint();
+    return { std::max(hint.width(), descriptionWidth(fontMetrics(), PreferredDescriptionChars)),
+        hint.height() };
+}
+
+template<typename Handler>
+void CataloguePanel::guarded(Handler&& handler)
+{
+    runGuarded(m_prompts, std::forward<Handler>(handler));
+}
+
+void CataloguePanel::rebuildPluList()
+{
+    clearPluList();
+    fillPluList(
+        m_onlyDefined->isChecked() ? PluList::placedPlus(m_document) : PluList::definedPlus(m_document));
+}
+
+void CataloguePanel::clearPluList()
+{
+    m_list->clear();
+}
+
+void CataloguePanel::fillPluList(const QList<PluListEntry>& entries)
+{
+    m_list->setUpdatesEnabled(false);
+    for (const PluListEntry& entry : entries) {
+        auto* item = new QListWidgetItem(entry.description, m_list);
+        item->setData(Qt::UserRole, entry.number);
+    }
+    m_list->setUpdatesEnabled(true);
+}
+
+void CataloguePanel::Command10_Click()
+{
+    guarded([this] {
+        clearPluList();
+        fillPluList(PluList::filteredPlus(m_document, m_text->text()));
+    });
+}
+
+void CataloguePanel::Command11_Click()
+{
+    guarded([this] {
+        const QString searchText = m_text->text();
+        // One selection change for all matches: a long list would otherwise repaint once per entry.
+        QItemSelection matches;
+        int runStart = -1;
+        const int count = m_list->count();
+        for (int row = 0; row <= count; ++row) {
+            const bool match
+                = row < count && PluList::containsIgnoringCase(m_list->item(row)->text(), searchText);
+            if (match && runStart < 0) {
+                runStart = row;
+            } else if (!match && runStart >= 0) {
+                matches.select(m_list->model()->index(runStart, 0), m_list->model()->index(row - 1, 0));
+                runStart = -1;
+            }
+        }
+        if (matches.isEmpty()) {
+            return;
+        }
+        m_list->selectionModel()->select(matches, QItemSelectionModel::Select);
+        m_list->scrollTo(matches.first().topLeft());
+    });
+}
+
+void CataloguePanel::Command16_Click()
+{
+    guarded([this] {
+        if (PluList::addPlu(m_document, m_prompts, m_text->text())) {
+            m_text->clear();
+            emit refreshRequested();
+        }
+    });
+}
+
+// The current entry when it is selected, else the topmost selected one.
+QListWidgetItem* CataloguePanel::entryToDelete() const
+{
+    QListWidgetItem* current = m_list->currentItem();
+    if (current && current->isSelected()) {
+        return current;
+    }
+    const QList<QListWidgetItem*> selected = m_list->selectedItems();
+    if (selected.isEmpty()) {
+        return nullptr;
+    }
+    return *std::min_element(selected.cbegin(), selected.cend(),
+        [this](QListWidgetItem* a, QListWidgetItem* b) { return m_list->row(a) < m_list->row(b); });
+}
+
+void CataloguePanel::Command9_Click()
+{
+    guarded([this] {
+        QListWidgetItem* entry = entryToDelete();
+        if (!entry) {
+            return;
+        }
+        m_document.DeletePluNumber(entry->data(Qt::UserRole).toInt());
+        // Only this entry goes: other entries of the same number stay until the next rebuild.
+        delete m_list->takeItem(m_list->row(entry));
+        if (m_list->count() > 0) {
+            m_list->setCurrentRow(0, QItemSelectionModel::ClearAndSelect);
+        }
+    });
+}
+
+void CataloguePanel::Check1_Click()
+{
+    guarded([this] { emit refreshRequested(); });
+}
+
+void CataloguePanel::Lista_plus_DblClick()
+{
+    guarded([this] {
+        const int row = m_list->currentRow();
+        if (row < 0) {
+            return;
+        }
+        const int number = m_list->item(row)->data(Qt::UserRole).toInt();
+        emit pluChosen(row, number, PluList::priceOfPlu(m_document, number));
+    });
+}
+
+bool CataloguePanel::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == m_list && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            Lista_plus_DblClick();
+            return true;
+        }
+    }
+    return QWidget::eventFilter(watched, event);
+}

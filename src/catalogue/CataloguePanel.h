@@ -1,0 +1,60 @@
+#pragma once
+
+#include "catalogue/PluList.h"
+
+#include <QWidget>
+
+class MenuDocument;
+class UserPrompts;
+class QCheckBox;
+class QLineEdit;
+class QListWidget;
+class QListWidgetItem;
+
+// The catalogue at the left of the main window: the PLU list with its search box, find and filter,
+// adding and deleting products. The list part of the window's refresh is rebuildPluList(); the panel
+// asks for that refresh with refreshRequested() instead of rebuilding on its own.
+class CataloguePanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    CataloguePanel(MenuDocument& document, UserPrompts& prompts, QWidget* parent = nullptr);
+
+    // Lists the products on page lines when "Only Defined plus" is checked, else every product above 0.
+    // Raises the document's faults; the caller runs it inside its handler guard.
+    void rebuildPluList();
+    void clearPluList();
+
+    QSize sizeHint() const override;
+
+public slots:
+    void Command10_Click(); // FILTER
+    void Command11_Click(); // FIND
+    void Command16_Click(); // Add
+    void Command9_Click(); // Delete
+    void Check1_Click();
+    void Lista_plus_DblClick();
+
+signals:
+    void refreshRequested();
+    // The entry the user chose to place on the current line: its row, its number and its price.
+    void pluChosen(int listRow, int pluNumber, const QString& price);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildControls();
+    void fillPluList(const QList<PluListEntry>& entries);
+    QListWidgetItem* entryToDelete() const;
+
+    template<typename Handler>
+    void guarded(Handler&& handler);
+
+    MenuDocument& m_document;
+    UserPrompts& m_prompts;
+    QListWidget* m_list = nullptr;
+    QLineEdit* m_text = nullptr;
+    QCheckBox* m_onlyDefined = nullptr;
+};
