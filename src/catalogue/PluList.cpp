@@ -56,7 +56,8 @@ QList<PluListEntry> definedPlus(const MenuDocument& document)
 QList<PluListEntry> placedPlus(const MenuDocument& document)
 {
     QList<PluListEntry> entries;
-    std::optional<NumberRuns> runs; // made at the first bound line: an unbound page reads no Code
+    std::optional<NumberRuns>
+        runs; // made at the first bound line: a menu with no bound line reads no product
     for (int slot = 0; slot < Limits::LineSlotCount; ++slot) {
         const std::int32_t number = document.LinePlu[slot];
         if (number == 0) {

@@ -3,7 +3,6 @@
 #include "document/MenuDocument.h"
 #include "support/QtPrinters.h"
 #include "support/SampleDocuments.h"
-#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -68,28 +67,12 @@ TEST(PluList, DefinedPlusListsNumbersAboveZeroInCatalogueOrder)
         entries({ { u"Espresso", 1001 }, { u"Bife à portuguesa", 3001 }, { u"ÁGUA com gás", 12 },
             { u"Meio dois", 2 }, { u"espresso repetido", 1001 } }));
     EXPECT_TRUE(PluList::definedPlus(MenuDocument()).isEmpty());
-}
 
-TEST(PluList, FilterIgnoresCaseAndHidesWhatTheFullListHides)
-{
-    const MenuDocument document = mixedCatalogue();
-    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("ESPRESSO")),
-        entries({ { u"Espresso", 1001 }, { u"espresso repetido", 1001 } }));
-    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("água")), entries({ { u"ÁGUA com gás", 12 } }));
-    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("À PORT")),
-        entries({ { u"Bife à portuguesa", 3001 } }));
-    EXPECT_TRUE(PluList::filteredPlus(document, QStringLiteral("número")).isEmpty());
-    EXPECT_TRUE(PluList::filteredPlus(document, QStringLiteral("espresso duplo")).isEmpty());
-    EXPECT_EQ(PluList::filteredPlus(document, QString()), PluList::definedPlus(document));
-}
-
-TEST(PluList, ANumberTooLargeForAnEntryOverflows)
-{
-    MenuDocument document;
-    addPlu(document, QStringLiteral("1"), QStringLiteral("Pão"), QStringLiteral("1"));
-    addPlu(document, QStringLiteral("3000000000"), QStringLiteral("Grande"), QStringLiteral("1"));
-    EXPECT_THROW(PluList::definedPlus(document), OverflowFault);
-    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("pão")), entries({ { u"Pão", 1 } }));
+    MenuDocument tooLarge;
+    addPlu(tooLarge, QStringLiteral("1"), QStringLiteral("Pão"), QStringLiteral("1"));
+    addPlu(tooLarge, QStringLiteral("3000000000"), QStringLiteral("Grande"), QStringLiteral("1"));
+    EXPECT_THROW(PluList::definedPlus(tooLarge), OverflowFault);
+    EXPECT_EQ(PluList::filteredPlus(tooLarge, QStringLiteral("pão")), entries({ { u"Pão", 1 } }));
 }
 
 TEST(PluList, PlacedPlusFollowsTheLinesOncePerLine)
@@ -130,58 +113,4 @@ TEST(PluList, PlacedPlusMatchesTheLineByLineRuleOnACrowdedCatalogue)
     const QList<PluListEntry> expected = placedPlusByDefinition(document);
     ASSERT_GT(expected.size(), 1000);
     EXPECT_EQ(PluList::placedPlus(document), expected);
-}
-
-TEST(PluList, AddingAsksNumberThenPriceAndChecksNeither)
-{
-    MenuDocument document = mixedCatalogue();
-    const int countBefore = document.PluCount;
-    ScriptedPrompts prompts;
-    prompts.answers = QStringList { QStringLiteral("1001"), QStringLiteral("4,20 €") };
-    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral("Galão, grande")));
-    EXPECT_EQ(
-        prompts.asked, QStringList({ QStringLiteral("text: Plu Number"), QStringLiteral("text: Price") }));
-    ASSERT_EQ(document.PluCount, countBefore + 1);
-    EXPECT_EQ(document.Plus[countBefore],
-        (PluRecord { QStringLiteral("1001"), QString(), QStringLiteral("1001"), QStringLiteral("4,20 €"),
-            QStringLiteral("Galão, grande") }));
-
-    // Cancelled boxes leave empty texts; whatever the record held before is replaced.
-    document.Plus[document.PluCount].AuxText = QStringLiteral("old");
-    prompts.asked.clear();
-    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral(" ")));
-    EXPECT_EQ(prompts.asked.size(), 2);
-    EXPECT_EQ(document.Plus[countBefore + 1], (PluRecord { {}, {}, {}, {}, QStringLiteral(" ") }));
-    EXPECT_EQ(document.PluCount, countBefore + 2);
-    EXPECT_TRUE(prompts.messages.isEmpty());
-}
-
-TEST(PluList, AddingRefusesAnEmptyDescriptionAndFaultsOnAFullCatalogue)
-{
-    MenuDocument document = mixedCatalogue();
-    const MenuDocument before = document;
-    ScriptedPrompts prompts;
-    prompts.answers = QStringList { QStringLiteral("5"), QStringLiteral("1") };
-    EXPECT_FALSE(PluList::addPlu(document, prompts, QString()));
-    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("message: Please fill Plu Description!") });
-    EXPECT_TRUE(document == before);
-
-    document.PluCount = Limits::PluCapacity;
-    prompts.asked.clear();
-    EXPECT_THROW(PluList::addPlu(document, prompts, QStringLiteral("Mais um")), RangeFault);
-    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("text: Plu Number") });
-    EXPECT_EQ(document.PluCount, Limits::PluCapacity);
-}
-
-TEST(PluList, PriceComesFromTheFirstRecordWithTheNumber)
-{
-    MenuDocument document = mixedCatalogue();
-    EXPECT_EQ(PluList::priceOfPlu(document, 1001), u"2.50");
-    EXPECT_EQ(PluList::priceOfPlu(document, 3001), u"14.75");
-    EXPECT_EQ(PluList::priceOfPlu(document, 12), u"1.20");
-    EXPECT_EQ(PluList::priceOfPlu(document, 4444), QString());
-    // The record right after the last product is looked at as well.
-    EXPECT_EQ(PluList::priceOfPlu(document, 77), u"9");
-    document.DeletePluNumber(1001);
-    EXPECT_EQ(PluList::priceOfPlu(document, 1001), QString());
 }
