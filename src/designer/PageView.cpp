@@ -9,7 +9,7 @@
 
 #include <QLabel>
 #include <QLineEdit>
-#include <QStyle>
+#include <QPainter>
 #include <QToolButton>
 
 using namespace PageRendering;
@@ -63,11 +63,11 @@ QLineEdit* rowBox(QWidget* parent, QStringView name, int row, QRect geometry)
 }
 
 QToolButton* rowButton(
-    QWidget* parent, QStringView name, int row, QStyle::StandardPixmap icon, const QString& toolTip, int left)
+    QWidget* parent, QStringView name, int row, const QString& face, const QString& toolTip, int left)
 {
     auto* button = new QToolButton(parent);
     button->setObjectName(arrayName(name, row));
-    button->setIcon(parent->style()->standardIcon(icon));
+    button->setText(face);
     button->setToolTip(toolTip);
     button->setAutoRaise(true);
     button->setGeometry(left, SideTop + rowTop(row) + (RowPitch - ButtonSize) / 2, ButtonSize, ButtonSize);
@@ -156,9 +156,9 @@ void PageView::buildFront()
         row.Linhas->setProperty("tag", QString());
         row.Price = rowBox(m_picture1, u"Price", r, QRect(PriceLeft, rowTop(r), PriceWidth, RowBoxHeight));
         row.Price->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        row.Command12 = rowButton(this, u"Command12", r, QStyle::SP_ArrowLeft, bindTip, buttonsLeft);
+        row.Command12 = rowButton(this, u"Command12", r, QStringLiteral("\u25C0"), bindTip, buttonsLeft);
         row.Remove = rowButton(
-            this, u"Remove", r, QStyle::SP_TitleBarUnshadeButton, removeTip, buttonsLeft + ButtonSize + 2);
+            this, u"Remove", r, QStringLiteral("\u21C5"), removeTip, buttonsLeft + ButtonSize + 2);
     }
 }
 
@@ -176,6 +176,18 @@ void PageView::buildBack()
         row.Imagem->setProperty("tag", QString());
         row.LinhasVerso = rowBox(
             m_picture2, u"LinhasVerso", r, QRect(BackTextLeft, rowTop(r), BackTextWidth, RowBoxHeight));
+    }
+}
+
+// The two sides lie on the window like sheets on a desk.
+void PageView::paintEvent(QPaintEvent*)
+{
+    QPainter painter(this);
+    for (const PictureBox* side : { m_picture1, m_picture2 }) {
+        const QRect sheet = side->geometry();
+        painter.fillRect(sheet.translated(3, 3), QColor(0, 0, 0, 40));
+        painter.setPen(QColor(120, 120, 120));
+        painter.drawRect(sheet.adjusted(-1, -1, 0, 0));
     }
 }
 

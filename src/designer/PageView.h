@@ -37,6 +37,9 @@ public:
 
     QSize sizeHint() const override;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
     struct Row
     {
