@@ -1,14 +1,24 @@
 #include "MainWindow.h"
 
+#include "BusyCursor.h"
 #include "HandlerGuard.h"
+#include "catalogue/CataloguePanel.h"
+#include "catalogue/ModifierPanel.h"
+#include "designer/PageView.h"
 #include "document/NumberText.h"
+#include "document/Project.h"
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QDir>
+#include <QHBoxLayout>
 #include <QMenuBar>
+#include <QScreen>
+#include <QScrollArea>
 #include <QStatusBar>
+#include <QStyle>
 #include <QTime>
 #include <QTimer>
 
@@ -23,6 +33,24 @@ QString mainWindowTitle()
         + u'.' + str(QUORVEL_VERSION_PATCH) + QStringLiteral(" - Menu Designer");
 }
 
+// Holds the autosave back while a dialog is open, so that a tick cannot move the document to the
+// working folder under the user's choice; the timer runs again however the handler ends.
+class AutosavePause
+{
+public:
+    explicit AutosavePause(QTimer* timer)
+        : m_timer(timer)
+    {
+        m_timer->stop();
+    }
+    ~AutosavePause() { m_timer->start(); }
+    AutosavePause(const AutosavePause&) = delete;
+    AutosavePause& operator=(const AutosavePause&) = delete;
+
+private:
+    QTimer* m_timer;
+};
+
 } // namespace
 
 MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
@@ -31,8 +59,7 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     , m_timer1(new QTimer(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
-    resize(1280, 860);
-    setCentralWidget(new QWidget(this));
+    buildPanels();
     buildMenuBar();
 
     m_timer1->setObjectName(QStringLiteral("Timer1"));
@@ -44,24 +71,54 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
 
 MainWindow::~MainWindow() = default;
 
-template<typename Handler>
-void MainWindow::guarded(Handler&& handler)
+template<typename Work>
+void MainWindow::guarded(Work&& work)
 {
-    runGuarded(m_prompts, std::forward<Handler>(handler));
+    runGuarded(m_prompts, std::forward<Work>(work));
+}
+
+void MainWindow::buildPanels()
+{
+    auto* central = new QWidget(this);
+    auto* layout = new QHBoxLayout(central);
+    m_catalogue = new CataloguePanel(m_document, m_prompts, central);
+    m_pageView = new PageView(m_document);
+    // On a small screen the page scrolls instead of squeezing its rows.
+    auto* pageArea = new QScrollArea(central);
+    pageArea->setFrameShape(QFrame::NoFrame);
+    pageArea->setWidget(m_pageView);
+    pageArea->setMinimumWidth(std::min(m_pageView->sizeHint().width(), 640));
+    pageArea->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_modifiers = new ModifierPanel(m_document, central);
+    layout->addWidget(m_catalogue);
+    layout->addWidget(pageArea, 1);
+    layout->addWidget(m_modifiers);
+    setCentralWidget(central);
+    // Room for the whole page beside the two panels, as far as the screen allows.
+    const int frame = 4 * layout->spacing() + style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    const QSize wanted(m_catalogue->sizeHint().width() + m_pageView->sizeHint().width()
+            + m_modifiers->sizeHint().width() + frame,
+        m_pageView->sizeHint().height() + 3 * frame);
+    resize(wanted.boundedTo(screen()->availableGeometry().size()));
+    connect(m_catalogue, &CataloguePanel::refreshRequested, this,
+        [this] { guarded([this] { Refresh_Page(); }); });
 }
 
 void MainWindow::buildMenuBar()
 {
     QMenu* file = menuBar()->addMenu(QStringLiteral("&File"));
-    addMenuItem(file, QStringLiteral("Load"), QStringLiteral("&Load"), QKeySequence::Open);
-    addMenuItem(file, QStringLiteral("Save"), QStringLiteral("&Save"), QKeySequence::Save);
-    addMenuItem(file, QStringLiteral("New"), QStringLiteral("&New"), QKeySequence::New);
+    addMenuItem(
+        file, QStringLiteral("Load"), QStringLiteral("&Load"), &MainWindow::Load_Click, QKeySequence::Open);
+    addMenuItem(
+        file, QStringLiteral("Save"), QStringLiteral("&Save"), &MainWindow::Save_Click, QKeySequence::Save);
+    addMenuItem(
+        file, QStringLiteral("New"), QStringLiteral("&New"), &MainWindow::New_Click, QKeySequence::New);
     file->addSeparator();
-    addMenuItem(file, QStringLiteral("Print"), QStringLiteral("&Print"), QKeySequence::Print);
+    addMenuItem(file, QStringLiteral("Print"), QStringLiteral("&Print"), nullptr, QKeySequence::Print);
     addMenuItem(file, QStringLiteral("Colors"), QStringLiteral("&Colors"));
     file->addSeparator();
-    QAction* exit = addMenuItem(file, QStringLiteral("Exit"), QStringLiteral("E&xit"), QKeySequence::Quit);
-    connect(exit, &QAction::triggered, this, &MainWindow::Exit_Click);
+    addMenuItem(
+        file, QStringLiteral("Exit"), QStringLiteral("E&xit"), &MainWindow::Exit_Click, QKeySequence::Quit);
 
     QMenu* import = menuBar()->addMenu(QStringLiteral("&Import"));
     addMenuItem(import, QStringLiteral("ImportFromDll"), QStringLiteral("Import From &Last Sended Plus"));
@@ -75,14 +132,17 @@ void MainWindow::buildMenuBar()
     addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"));
 }
 
-// Items whose windows the designer does not have yet stay disabled until they are connected.
+// An item without a handler yet is shown disabled.
 QAction* MainWindow::addMenuItem(
-    QMenu* menu, const QString& name, const QString& caption, QKeySequence shortcut)
+    QMenu* menu, const QString& name, const QString& caption, Handler handler, const QKeySequence& shortcut)
 {
     QAction* action = menu ? menu->addAction(caption) : menuBar()->addAction(caption);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    action->setEnabled(name == u"Exit");
+    action->setEnabled(handler != nullptr);
+    if (handler) {
+        connect(action, &QAction::triggered, this, handler);
+    }
     return action;
 }
 
@@ -91,8 +151,21 @@ void MainWindow::startUp()
     m_timer1->stop();
     WorkingCopy::open(m_document);
     m_timer1->start();
+    Refresh_Page();
     setWindowTitle(mainWindowTitle());
     statusBar()->showMessage(tr("Working copy: %1").arg(WorkingPaths::workingFolder()));
+}
+
+void MainWindow::Refresh_Page()
+{
+    m_modifiers->rebuildLists();
+    m_catalogue->rebuildPluList();
+    m_pageView->Update_Page();
+}
+
+void MainWindow::Update_Page()
+{
+    m_pageView->Update_Page();
 }
 
 void MainWindow::Timer1_Timer()
@@ -101,6 +174,57 @@ void MainWindow::Timer1_Timer()
         WorkingCopy::save(m_document);
         statusBar()->showMessage(tr("Working copy saved at %1").arg(QTime::currentTime().toString(u"HH:mm")));
     });
+}
+
+void MainWindow::Load_Click()
+{
+    guarded([this] {
+        const AutosavePause pause(m_timer1);
+        const QString path = m_prompts.askOpenFile(QStringLiteral("*.QV1"));
+        if (path.isEmpty()) {
+            return;
+        }
+        const BusyCursor busy;
+        startNewDocument();
+        Project::open(m_document, path);
+        Refresh_Page();
+        statusBar()->showMessage(tr("Opened %1").arg(QDir::toNativeSeparators(path)));
+    });
+}
+
+void MainWindow::Save_Click()
+{
+    guarded([this] {
+        const AutosavePause pause(m_timer1);
+        const QString path = m_prompts.askSaveFile(QStringLiteral("*.QV1"));
+        if (path.isEmpty()) {
+            return;
+        }
+        const BusyCursor busy;
+        const QStringList failed = Project::save(m_document, path);
+        // Saving reports no message box; the status line still tells whether every file was written.
+        statusBar()->showMessage(failed.isEmpty()
+                ? tr("Saved %1").arg(QDir::toNativeSeparators(m_document.FilePrefix + QStringLiteral(".QV1")))
+                : tr("Could not write %n file(s), such as %1", nullptr, static_cast<int>(failed.size()))
+                      .arg(QDir::toNativeSeparators(failed.first())));
+    });
+}
+
+void MainWindow::New_Click()
+{
+    guarded([this] { startNewDocument(); });
+}
+
+void MainWindow::startNewDocument()
+{
+    m_modifiers->clearLists();
+    m_catalogue->clearPluList();
+    Project::clear(m_document);
+    m_pageView->setCurrentPage(1);
+    m_pageView->Update_Page();
+    if (QWidget* firstRow = m_pageView->findChild<QWidget*>(QStringLiteral("Linhas_0"))) {
+        firstRow->setFocus();
+    }
 }
 
 void MainWindow::Exit_Click()

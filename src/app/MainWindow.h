@@ -4,12 +4,16 @@
 
 #include <QMainWindow>
 
-class UserPrompts;
+class CataloguePanel;
+class ModifierPanel;
+class PageView;
 class QAction;
 class QTimer;
+class UserPrompts;
 
-// The designer's main window. It owns the one document of the run and keeps its working copy:
-// loaded when the window opens, written every minute and when the window closes.
+// The designer's main window: the catalogue, the current page and the modifier lists, with the menu
+// bar. It owns the one document of the run and keeps its working copy: loaded when the window opens,
+// written every minute and when the window closes.
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
@@ -20,25 +24,39 @@ public:
 
     MenuDocument& document() { return m_document; }
 
+    // Lists the catalogue and the modifier lists again, then redraws the page.
+    void Refresh_Page();
+    void Update_Page();
+
 public slots:
     void Timer1_Timer();
+    void Load_Click();
+    void Save_Click();
+    void New_Click();
     void Exit_Click();
 
 protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
+    using Handler = void (MainWindow::*)();
+
     void buildMenuBar();
-    QAction* addMenuItem(
-        QMenu* menu, const QString& name, const QString& caption, QKeySequence shortcut = {});
+    void buildPanels();
+    QAction* addMenuItem(QMenu* menu, const QString& name, const QString& caption, Handler handler = nullptr,
+        const QKeySequence& shortcut = {});
     void startUp();
+    void startNewDocument();
     void shutDown();
     void closeOtherWindows();
 
-    template<typename Handler>
-    void guarded(Handler&& handler);
+    template<typename Work>
+    void guarded(Work&& work);
 
     UserPrompts& m_prompts;
     MenuDocument m_document;
     QTimer* m_timer1;
+    CataloguePanel* m_catalogue = nullptr;
+    PageView* m_pageView = nullptr;
+    ModifierPanel* m_modifiers = nullptr;
 };

@@ -3,11 +3,7 @@
 #include "app/UserPrompts.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
-
-#include <algorithm>
-#include <optional>
-#include <utility>
-#include <vector>
+#include "document/PluNumberIndex.h"
 
 namespace {
 
@@ -15,34 +11,6 @@ PluListEntry entryOf(const PluRecord& plu, double number)
 {
     return { plu.Description, NumberText::toInt32(number) };
 }
-
-// The catalogue's numbers converted once and sorted, so that each bound line finds its products without
-// converting every Code again. Equal numbers keep catalogue order.
-class NumberRuns
-{
-public:
-    explicit NumberRuns(const MenuDocument& document)
-    {
-        m_sorted.reserve(static_cast<std::size_t>(std::max(document.PluCount, 0)));
-        for (int i = 0; i < document.PluCount; ++i) {
-            m_sorted.emplace_back(pluNumber(document.Plus[i]), i);
-        }
-        std::sort(m_sorted.begin(), m_sorted.end());
-    }
-
-    template<typename Visit>
-    void forEachIndexOf(double number, Visit&& visit) const
-    {
-        auto at = std::lower_bound(m_sorted.cbegin(), m_sorted.cend(), number,
-            [](const auto& run, double n) { return run.first < n; });
-        for (; at != m_sorted.cend() && at->first == number; ++at) {
-            visit(at->second);
-        }
-    }
-
-private:
-    std::vector<std::pair<double, int>> m_sorted;
-};
 
 } // namespace
 
@@ -56,17 +24,13 @@ QList<PluListEntry> definedPlus(const MenuDocument& document)
 QList<PluListEntry> placedPlus(const MenuDocument& document)
 {
     QList<PluListEntry> entries;
-    std::optional<NumberRuns>
-        runs; // made at the first bound line: a menu with no bound line reads no product
+    const PluNumberIndex plus(document);
     for (int slot = 0; slot < Limits::LineSlotCount; ++slot) {
         const std::int32_t number = document.LinePlu[slot];
         if (number == 0) {
             continue;
         }
-        if (!runs) {
-            runs.emplace(document);
-        }
-        runs->forEachIndexOf(number, [&](int index) {
+        plus.forEachIndexOf(number, [&](int index) {
             entries.append(PluListEntry { document.Plus[index].Description, number });
         });
     }

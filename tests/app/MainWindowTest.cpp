@@ -1,17 +1,23 @@
 #include "app/MainWindow.h"
 
+#include "support/DocumentDiff.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
 
 #include <QAction>
 #include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
 
 #include <memory>
+
+using namespace Qt::StringLiterals;
 
 class MainWindowTest : public QObject
 {
@@ -27,18 +33,23 @@ private slots:
     void closingSavesAndTheNextStartShowsTheSameMenu();
     void exitClosesTheWindowAndKeepsTheWork();
     void aFaultEndsOnlyTheHandlerAndLosesNothingStored();
+    void savedProjectOpensAgainWithTheAutosaveHeldDuringTheDialogs();
+    void cancelledDialogsChangeNothing();
+    void newEmptiesTheDocumentTheListsAndTheWorkingFolder();
 
 private:
     std::unique_ptr<MainWindow> startWindow();
+    static void trigger(MainWindow& window, const char* action);
+    static int listCount(MainWindow& window, const char* list);
 
     std::unique_ptr<TestWorkingRoot> m_root;
-    ScriptedPrompts m_prompts;
+    std::unique_ptr<ScriptedPrompts> m_prompts;
 };
 
 void MainWindowTest::init()
 {
     m_root = std::make_unique<TestWorkingRoot>();
-    m_prompts.messages.clear();
+    m_prompts = std::make_unique<ScriptedPrompts>();
 }
 
 void MainWindowTest::cleanup()
@@ -46,9 +57,18 @@ void MainWindowTest::cleanup()
     m_root.reset();
 }
 
+// What drawing page 1 of the rich menu writes back into it: its pictures are missing, so each is
+// looked for in the project folder, and an empty page picture path takes the folder itself.
+static void drawPageOne(MenuDocument& rich, const QString& projectFolder)
+{
+    rich.LineLayouts[lineSlot(1, 4)].picturePath = projectFolder + u"doces.jpg"_s;
+    rich.PrintSettings.PageValueA[1] = projectFolder + u"capa.jpg"_s;
+    rich.PrintSettings.PageValueB[1] = projectFolder;
+}
+
 std::unique_ptr<MainWindow> MainWindowTest::startWindow()
 {
-    auto window = std::make_unique<MainWindow>(m_prompts);
+    auto window = std::make_unique<MainWindow>(*m_prompts);
     window->show();
     return window;
 }
@@ -61,14 +81,17 @@ void MainWindowTest::firstStartMakesTheWorkingFolderAndShowsAnEmptyMenu()
     const MenuDocument& document = window->document();
     QCOMPARE(document.PluCount, 0);
     QCOMPARE(document.FilePrefix, m_root->workingFolder() + QStringLiteral("/temp"));
-    QCOMPARE(document.PrintSettings, PrintSettings());
+    // Drawing page 1 puts the project folder before its empty picture paths, as for any path without one.
+    PrintSettings expected;
+    expected.PageValueA[1] = expected.PageValueB[1] = m_root->workingFolder() + u'/';
+    QCOMPARE(document.PrintSettings, expected);
     QCOMPARE(document.LanguageTable.at(0, 1), QStringLiteral("Portugues"));
 
     const auto* timer = window->findChild<QTimer*>(QStringLiteral("Timer1"));
     QVERIFY(timer);
     QVERIFY(timer->isActive());
     QCOMPARE(timer->interval(), 60000);
-    QVERIFY(m_prompts.messages.isEmpty());
+    QVERIFY(m_prompts->messages.isEmpty());
 }
 
 void MainWindowTest::titleAndMenuBarAreThoseOfTheDesigner()
@@ -97,7 +120,8 @@ void MainWindowTest::titleAndMenuBarAreThoseOfTheDesigner()
         const auto* action = window->findChild<QAction*>(QLatin1StringView(name));
         QVERIFY2(action, name);
         QCOMPARE(QString(action->text()).remove(u'&'), QLatin1StringView(caption));
-        QCOMPARE(action->isEnabled(), qstrcmp(name, "Exit") == 0);
+        const bool connected = QList<QByteArray> { "Load", "Save", "New", "Exit" }.contains(name);
+        QCOMPARE(action->isEnabled(), connected);
     }
     QStringList menus;
     for (QAction* action : window->menuBar()->actions()) {
@@ -144,6 +168,7 @@ void MainWindowTest::closingSavesAndTheNextStartShowsTheSameMenu()
     QCOMPARE(loaded.PluCount, original->PluCount);
     QCOMPARE(loaded.Plus[1], original->Plus[1]);
     QCOMPARE(loaded.Assignments[0], original->Assignments[0]);
+    drawPageOne(*original, m_root->workingFolder() + u'/');
     QCOMPARE(loaded.LineLayouts[4], original->LineLayouts[4]);
     QCOMPARE(loaded.LanguageTable.at(1002, 3), original->LanguageTable.at(1002, 3));
     QCOMPARE(loaded.PagesVersion, QStringLiteral("1"));
@@ -173,7 +198,7 @@ void MainWindowTest::aFaultEndsOnlyTheHandlerAndLosesNothingStored()
     // A count past the table's end makes the next autosave reach outside the catalogue.
     document.PluCount = Limits::PluCapacity + 1;
     window->Timer1_Timer();
-    QCOMPARE(m_prompts.messages, QStringList { QStringLiteral("Subscript out of range") });
+    QCOMPARE(m_prompts->messages, QStringList { QStringLiteral("Subscript out of range") });
     QCOMPARE(readBytes(m_root->workingFile(QStringLiteral("_pludata.txt"))), saved);
     QVERIFY(window->isVisible());
 
@@ -182,7 +207,91 @@ void MainWindowTest::aFaultEndsOnlyTheHandlerAndLosesNothingStored()
     window->Timer1_Timer();
     QCOMPARE(readBytes(m_root->workingFile(QStringLiteral("_pludata.txt"))),
         QByteArray("st1,1,,1,1.10,P\xe3o\r\n"));
-    QCOMPARE(m_prompts.messages.size(), 1);
+    QCOMPARE(m_prompts->messages.size(), 1);
+}
+
+void MainWindowTest::trigger(MainWindow& window, const char* action)
+{
+    window.findChild<QAction*>(QLatin1StringView(action))->trigger();
+}
+
+int MainWindowTest::listCount(MainWindow& window, const char* list)
+{
+    return window.findChild<QListWidget*>(QLatin1StringView(list))->count();
+}
+
+void MainWindowTest::savedProjectOpensAgainWithTheAutosaveHeldDuringTheDialogs()
+{
+    auto window = startWindow();
+    auto* timer = window->findChild<QTimer*>(QStringLiteral("Timer1"));
+    QStringList timerStates;
+    m_prompts->whilePrompting = [&] { timerStates.append(timer->isActive() ? u"running"_s : u"held"_s); };
+    auto original = SampleDocuments::richMenu();
+    window->document() = *original;
+    const QString marker = m_root->path() + QStringLiteral("/summer.QV1");
+
+    m_prompts->answers = QStringList { marker };
+    trigger(*window, "Save");
+    QCOMPARE(m_prompts->asked, QStringList { u"save: *.QV1"_s });
+    QCOMPARE(readBytes(marker), QByteArray("OK\r\n"));
+    QCOMPARE(window->document().FilePrefix, m_root->path() + u"/summer"_s);
+
+    trigger(*window, "New");
+    QCOMPARE(window->document().PluCount, 0);
+
+    m_prompts->answers = QStringList { marker };
+    trigger(*window, "Load");
+    QCOMPARE(timerStates, QStringList({ u"held"_s, u"held"_s }));
+    QVERIFY(timer->isActive());
+    original->FilePrefix = m_root->path() + u"/summer"_s;
+    original->ProjectFolder = m_root->path() + u'/';
+    drawPageOne(*original, original->ProjectFolder);
+    QCOMPARE(firstDifference(*original, window->document()), QString());
+    // Every product whose number is above 0 is listed; so are the modifier lists.
+    QCOMPARE(listCount(*window, "Lista_plus"), 6);
+    QCOMPARE(listCount(*window, "List1"), 2);
+    QCOMPARE(listCount(*window, "Lista_Todos_Def_Comp"), 2);
+}
+
+void MainWindowTest::cancelledDialogsChangeNothing()
+{
+    auto window = startWindow();
+    window->document() = *SampleDocuments::richMenu();
+    window->Refresh_Page();
+    const auto before = std::make_unique<MenuDocument>(window->document());
+
+    trigger(*window, "Load");
+    trigger(*window, "Save");
+    QCOMPARE(m_prompts->asked, QStringList({ u"open: *.QV1"_s, u"save: *.QV1"_s }));
+    QCOMPARE(firstDifference(*before, window->document()), QString());
+    QCOMPARE(listCount(*window, "Lista_plus"), 6);
+    QVERIFY(window->findChild<QTimer*>(QStringLiteral("Timer1"))->isActive());
+}
+
+void MainWindowTest::newEmptiesTheDocumentTheListsAndTheWorkingFolder()
+{
+    auto window = startWindow();
+    window->document() = *SampleDocuments::richMenu();
+    window->Refresh_Page();
+    window->Timer1_Timer();
+    QVERIFY(!QDir(m_root->workingFolder()).isEmpty(QDir::Files));
+
+    trigger(*window, "New");
+
+    QVERIFY(QDir(m_root->workingFolder()).isEmpty(QDir::Files));
+    const MenuDocument& document = window->document();
+    QCOMPARE(document.PluCount, 0);
+    QCOMPARE(document.AssignmentCount, 0);
+    QCOMPARE(document.LinePlu[0], 0);
+    QCOMPARE(document.LanguageTable.at(0, 1), QString());
+    QCOMPARE(document.PagesVersion, u"1"_s);
+    for (const char* list :
+        { "Lista_plus", "List1", "Lista_def_complementos", "Lista_Todos_Def_Comp", "Lista_Complementos" }) {
+        QCOMPARE(listCount(*window, list), 0);
+    }
+    QCOMPARE(window->findChild<QLabel*>(QStringLiteral("Page"))->text(), u"1"_s);
+    QCOMPARE(window->findChild<QLineEdit*>(QStringLiteral("Linhas_0"))->text(), QString());
+    QCOMPARE(window->findChild<QLineEdit*>(QStringLiteral("Price_1"))->text(), QString());
 }
 
 QTEST_MAIN(MainWindowTest)

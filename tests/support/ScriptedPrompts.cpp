@@ -9,26 +9,34 @@ QString takeAnswer(QStringList& answers)
 
 } // namespace
 
+void ScriptedPrompts::record(const QString& prompt)
+{
+    asked.append(prompt);
+    if (whilePrompting) {
+        whilePrompting();
+    }
+}
+
 void ScriptedPrompts::showMessage(const QString& text)
 {
     messages.append(text);
-    asked.append(QStringLiteral("message: ") + text);
+    record(QStringLiteral("message: ") + text);
 }
 
 QString ScriptedPrompts::askText(const QString& title)
 {
-    asked.append(QStringLiteral("text: ") + title);
+    record(QStringLiteral("text: ") + title);
     return takeAnswer(answers);
 }
 
 QString ScriptedPrompts::askOpenFile(const QString& preset)
 {
-    asked.append(QStringLiteral("open: ") + preset);
+    record(QStringLiteral("open: ") + preset);
     return takeAnswer(answers);
 }
 
 QString ScriptedPrompts::askSaveFile(const QString& preset)
 {
-    asked.append(QStringLiteral("save: ") + preset);
+    record(QStringLiteral("save: ") + preset);
     return takeAnswer(answers);
 }

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+#include <functional>
+
 // Answers the program's prompts from prepared answers without showing anything, and records every
 // prompt in `asked` ("message: ...", "text: TITLE", "open: PRESET", "save: PRESET"). A prompt with no
 // answer left gets the cancel answer, the empty text.
@@ -18,4 +20,8 @@ public:
     QStringList messages;
     QStringList asked;
     QStringList answers; // taken in order by the text and file prompts
+    std::function<void()> whilePrompting; // runs while each prompt is open, to look at the program then
+
+private:
+    void record(const QString& prompt);
 };

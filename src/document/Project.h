@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+class MenuDocument;
+
+// A project on disk: the marker file NAME.QV1 and the component files beside it named NAME_....
+namespace Project {
+
+// The folder of a path, up to and including its last separator ("/" or "\").
+QString folderOf(const QString& path);
+
+// The component file prefix of a chosen marker file: the path before its last ".". Opening does not
+// look where that "." stands, so a dot in a folder name cuts there; a path without any "." is taken whole.
+QString openedPrefix(const QString& path);
+
+// The prefix a save under the chosen path writes to: the path before its last "." when that "." lies
+// in the file name, else the whole path ("menus/x.y/menu" saves as "menus/x.y/menu").
+QString savedPrefix(const QString& path);
+
+// Points the document at the project of the chosen marker file and loads its component files.
+void open(MenuDocument& document, const QString& markerPath);
+
+// Points the document at the chosen path and writes the marker file and all component files there.
+// Returns the paths that could not be written.
+QStringList save(MenuDocument& document, const QString& chosenPath);
+
+// Starts an empty menu: empties the document's tables and deletes the autosaved files of the working
+// folder. Page version "1", no language names, no page colours or pictures.
+void clear(MenuDocument& document);
+
+} // namespace Project
