@@ -100,6 +100,9 @@ void MainWindow::buildPanels()
             + m_modifiers->sizeHint().width() + frame,
         m_pageView->sizeHint().height() + 3 * frame);
     resize(wanted.boundedTo(screen()->availableGeometry().size()));
+    auto* rows = new RowHandlers(m_document, m_prompts, *m_pageView, *m_catalogue, *m_modifiers, this);
+    connect(rows, &RowHandlers::lineEditorRequested, this, &MainWindow::openLineEditor);
+    connect(rows, &RowHandlers::groupTitleEditorRequested, this, &MainWindow::openGroupTitleEditor);
     connect(m_catalogue, &CataloguePanel::refreshRequested, this,
         [this] { guarded([this] { Refresh_Page(); }); });
 }
@@ -225,6 +228,18 @@ void MainWindow::startNewDocument()
     if (QWidget* firstRow = m_pageView->findChild<QWidget*>(QStringLiteral("Linhas_0"))) {
         firstRow->setFocus();
     }
+}
+
+// The editors themselves are not part of the designer yet; what they open on is kept.
+void MainWindow::openLineEditor(const LineEditRequest& request)
+{
+    m_lineEditRequest = request;
+}
+
+void MainWindow::openGroupTitleEditor(int row, const QString& backText)
+{
+    m_groupTitleRow = row;
+    m_groupTitleText = backText;
 }
 
 void MainWindow::Exit_Click()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "designer/RowHandlers.h"
 #include "document/MenuDocument.h"
 
 #include <QMainWindow>
@@ -28,12 +29,21 @@ public:
     void Refresh_Page();
     void Update_Page();
 
+    // The row last opened in the line editor and in the group title editor.
+    const LineEditRequest& lineEditRequest() const { return m_lineEditRequest; }
+    int groupTitleRow() const { return m_groupTitleRow; }
+    const QString& groupTitleText() const { return m_groupTitleText; }
+
 public slots:
     void Timer1_Timer();
     void Load_Click();
     void Save_Click();
     void New_Click();
     void Exit_Click();
+
+    // Every way of opening a row in its editor ends here.
+    void openLineEditor(const LineEditRequest& request);
+    void openGroupTitleEditor(int row, const QString& backText);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -59,4 +69,7 @@ private:
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;
     ModifierPanel* m_modifiers = nullptr;
+    LineEditRequest m_lineEditRequest;
+    int m_groupTitleRow = -1;
+    QString m_groupTitleText;
 };

@@ -186,33 +186,72 @@ void CataloguePanel::Command16_Click()
     });
 }
 
-// The current entry when it is selected, else the topmost selected one.
-QListWidgetItem* CataloguePanel::entryToDelete() const
+int CataloguePanel::selectedRow() const
 {
-    QListWidgetItem* current = m_list->currentItem();
-    if (current && current->isSelected()) {
-        return current;
+    if (const QListWidgetItem* current = m_list->currentItem(); current && current->isSelected()) {
+        return m_list->currentRow();
     }
-    const QList<QListWidgetItem*> selected = m_list->selectedItems();
+    const QModelIndexList selected = m_list->selectionModel()->selectedRows();
     if (selected.isEmpty()) {
-        return nullptr;
+        return -1;
     }
-    return *std::min_element(selected.cbegin(), selected.cend(),
-        [this](QListWidgetItem* a, QListWidgetItem* b) { return m_list->row(a) < m_list->row(b); });
+    return std::min_element(selected.cbegin(), selected.cend())->row();
+}
+
+int CataloguePanel::currentRow() const
+{
+    return m_list->currentRow();
+}
+
+std::int32_t CataloguePanel::numberAt(int row) const
+{
+    return m_list->item(row)->data(Qt::UserRole).toInt();
+}
+
+void CataloguePanel::selectOnly(int row)
+{
+    m_list->setCurrentRow(row, QItemSelectionModel::ClearAndSelect);
+    m_list->scrollToItem(m_list->item(row));
+}
+
+void CataloguePanel::selectNextRow()
+{
+    const int row = selectedRow();
+    if (row >= 0 && row + 1 < m_list->count()) {
+        selectOnly(row + 1);
+    }
+}
+
+void CataloguePanel::selectEntryWithText(const QString& text)
+{
+    const QList<QListWidgetItem*> found = m_list->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (!found.isEmpty()) {
+        selectOnly(m_list->row(found.first()));
+    }
+}
+
+void CataloguePanel::renameEntry(std::int32_t number, const QString& text)
+{
+    for (int row = 0; row < m_list->count(); ++row) {
+        if (numberAt(row) == number) {
+            m_list->item(row)->setText(text);
+            return;
+        }
+    }
 }
 
 void CataloguePanel::Command9_Click()
 {
     guarded([this] {
-        QListWidgetItem* entry = entryToDelete();
-        if (!entry) {
+        const int row = selectedRow();
+        if (row < 0) {
             return;
         }
-        m_document.DeletePluNumber(entry->data(Qt::UserRole).toInt());
+        m_document.DeletePluNumber(numberAt(row));
         // Only this entry goes: other entries of the same number stay until the next rebuild.
-        delete m_list->takeItem(m_list->row(entry));
+        delete m_list->takeItem(row);
         if (m_list->count() > 0) {
-            m_list->setCurrentRow(0, QItemSelectionModel::ClearAndSelect);
+            selectOnly(0);
         }
     });
 }
@@ -229,7 +268,7 @@ void CataloguePanel::Lista_plus_DblClick()
         if (row < 0) {
             return;
         }
-        const int number = m_list->item(row)->data(Qt::UserRole).toInt();
+        const std::int32_t number = numberAt(row);
         emit pluChosen(row, number, PluList::priceOfPlu(m_document, number));
     });
 }

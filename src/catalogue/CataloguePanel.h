@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include <cstdint>
+
 class MenuDocument;
 class UserPrompts;
 class QCheckBox;
@@ -28,6 +30,18 @@ public:
 
     QSize sizeHint() const override;
 
+    // The entry the rows bind: the current entry when it is selected, else the topmost selected one;
+    // -1 when none is selected.
+    int selectedRow() const;
+    int currentRow() const;
+    std::int32_t numberAt(int row) const;
+    // Selects only the entry after the selected one, if there is one.
+    void selectNextRow();
+    // Selects the first entry showing exactly this text, if there is one.
+    void selectEntryWithText(const QString& text);
+    // The first entry of the number shows the text from now on.
+    void renameEntry(std::int32_t number, const QString& text);
+
 public slots:
     void Command10_Click(); // FILTER
     void Command11_Click(); // FIND
@@ -47,7 +61,7 @@ protected:
 private:
     void buildControls();
     void fillPluList(const QList<PluListEntry>& entries);
-    QListWidgetItem* entryToDelete() const;
+    void selectOnly(int row);
 
     template<typename Handler>
     void guarded(Handler&& handler);

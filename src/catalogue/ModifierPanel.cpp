@@ -65,3 +65,11 @@ void ModifierPanel::clearLists()
     m_allLists->clear();
     m_options->clear();
 }
+
+void ModifierPanel::renameProductEntries(const QString& oldDescription, const QString& newDescription)
+{
+    for (QListWidgetItem* entry :
+        m_products->findItems(oldDescription, Qt::MatchExactly | Qt::MatchCaseSensitive)) {
+        entry->setText(newDescription);
+    }
+}

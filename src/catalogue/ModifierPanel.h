@@ -19,6 +19,8 @@ public:
     void rebuildLists();
     // Empties all four lists.
     void clearLists();
+    // Entries of the products with modifiers that showed the old description show the new one.
+    void renameProductEntries(const QString& oldDescription, const QString& newDescription);
 
 private:
     QListWidget* addList(const QString& name, const QString& caption);

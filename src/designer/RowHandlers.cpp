@@ -1,0 +1,207 @@
+#include "RowHandlers.h"
+
+#include "PageView.h"
+#include "RowEditing.h"
+#include "app/HandlerGuard.h"
+#include "catalogue/CataloguePanel.h"
+#include "catalogue/ModifierPanel.h"
+#include "document/MenuDocument.h"
+#include "document/NumberText.h"
+
+#include <QEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QToolButton>
+
+using namespace RowEditing;
+
+namespace {
+
+template<typename Control>
+Control* rowControl(PageView& page, const char* name, int row)
+{
+    auto* control = page.findChild<Control*>(QLatin1StringView(name) + u'_' + QString::number(row));
+    Q_ASSERT(control);
+    return control;
+}
+
+bool isEnter(const QEvent* event)
+{
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const int key = static_cast<const QKeyEvent*>(event)->key();
+    return key == Qt::Key_Return || key == Qt::Key_Enter;
+}
+
+} // namespace
+
+RowHandlers::RowHandlers(MenuDocument& document, UserPrompts& prompts, PageView& page,
+    CataloguePanel& catalogue, ModifierPanel& modifiers, QObject* parent)
+    : QObject(parent)
+    , m_document(document)
+    , m_prompts(prompts)
+    , m_page(page)
+    , m_catalogue(catalogue)
+    , m_modifiers(modifiers)
+{
+    for (int row = 0; row < PageView::Rows; ++row) {
+        connectRow(row);
+    }
+}
+
+void RowHandlers::connectRow(int index)
+{
+    Row& row = m_rows[static_cast<std::size_t>(index)];
+    row.Linhas = rowControl<QLineEdit>(m_page, "Linhas", index);
+    row.Price = rowControl<QLineEdit>(m_page, "Price", index);
+    row.LinhasVerso = rowControl<QLineEdit>(m_page, "LinhasVerso", index);
+    row.Command12 = rowControl<QToolButton>(m_page, "Command12", index);
+    // Only what the user types counts: the page's redraw sets the same boxes.
+    connect(row.Linhas, &QLineEdit::textEdited, this, [this, index] { Linhas_Change(index); });
+    connect(row.Price, &QLineEdit::textEdited, this, [this, index] { Price_Change(index); });
+    connect(row.LinhasVerso, &QLineEdit::textEdited, this, [this, index] { LinhasVerso_Change(index); });
+    connect(row.Command12, &QToolButton::clicked, this, [this, index] { Command12_Click(index); });
+    row.Linhas->installEventFilter(this);
+    row.LinhasVerso->installEventFilter(this);
+}
+
+bool RowHandlers::eventFilter(QObject* watched, QEvent* event)
+{
+    for (int index = 0; index < PageView::Rows; ++index) {
+        const Row& row = m_rows[static_cast<std::size_t>(index)];
+        if (watched == row.Linhas) {
+            switch (event->type()) {
+            case QEvent::FocusOut:
+                Linhas_LostFocus(index);
+                break;
+            case QEvent::MouseButtonPress:
+                Linhas_Click(index);
+                break;
+            case QEvent::MouseButtonDblClick:
+                Linhas_DblClick(index);
+                return true;
+            default:
+                if (isEnter(event)) {
+                    Linhas_Click(index);
+                    Linhas_DblClick(index);
+                    return true;
+                }
+            }
+        } else if (watched == row.LinhasVerso
+            && (event->type() == QEvent::MouseButtonDblClick || isEnter(event))) {
+            LinhasVerso_DblClick(index);
+            return true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+template<typename Work>
+void RowHandlers::guarded(Work&& work)
+{
+    runGuarded(m_prompts, std::forward<Work>(work));
+}
+
+int RowHandlers::slotOf(int row) const
+{
+    return lineSlot(m_page.currentPage(), row);
+}
+
+QString RowHandlers::tagOf(int row) const
+{
+    return m_rows[static_cast<std::size_t>(row)].Linhas->property("tag").toString();
+}
+
+void RowHandlers::Linhas_Change(int row)
+{
+    guarded([&] {
+        const QString tag = tagOf(row);
+        if (isBlankTag(tag)) {
+            return; // a new product is made only when the row is left
+        }
+        PluRecord& plu = m_document.Plus[positionOfTag(tag)];
+        const QString oldDescription = plu.Description;
+        plu.Description = m_rows[static_cast<std::size_t>(row)].Linhas->text();
+        m_catalogue.renameEntry(NumberText::int32Value(plu.Code), plu.Description);
+        m_modifiers.renameProductEntries(oldDescription, plu.Description);
+    });
+}
+
+void RowHandlers::Linhas_LostFocus(int row)
+{
+    guarded([&] { commit(row); });
+}
+
+void RowHandlers::commit(int row)
+{
+    Row& boxes = m_rows[static_cast<std::size_t>(row)];
+    const CommittedRow committed = commitRow(m_document, slotOf(row), boxes.Linhas->text(), tagOf(row));
+    boxes.Linhas->setProperty("tag", committed.tag);
+    if (committed.priceChanged) {
+        boxes.Price->setText(committed.price);
+    }
+}
+
+void RowHandlers::Linhas_Click(int row)
+{
+    guarded([&] { m_catalogue.selectEntryWithText(m_rows[static_cast<std::size_t>(row)].Linhas->text()); });
+}
+
+void RowHandlers::Linhas_DblClick(int row)
+{
+    guarded([&] {
+        commit(row);
+        LineEditRequest request { row, {}, {}, m_catalogue.currentRow() };
+        if (const QString tag = tagOf(row); !isBlankTag(tag)) {
+            const PluRecord& plu = m_document.Plus[positionOfTag(tag)];
+            request.pluNumber = plu.Code;
+            request.price = plu.Price;
+        }
+        emit lineEditorRequested(request);
+    });
+}
+
+void RowHandlers::LinhasVerso_Change(int row)
+{
+    guarded([&] {
+        m_document.LineLayouts[slotOf(row)].backText
+            = m_rows[static_cast<std::size_t>(row)].LinhasVerso->text();
+    });
+}
+
+void RowHandlers::LinhasVerso_DblClick(int row)
+{
+    guarded([&] {
+        emit groupTitleEditorRequested(row, m_rows[static_cast<std::size_t>(row)].LinhasVerso->text());
+    });
+}
+
+void RowHandlers::Price_Change(int row)
+{
+    guarded([&] {
+        const QString tag = tagOf(row);
+        if (!isBlankTag(tag)) {
+            m_document.Plus[positionOfTag(tag)].Price = m_rows[static_cast<std::size_t>(row)].Price->text();
+        }
+    });
+}
+
+void RowHandlers::Command12_Click(int row)
+{
+    guarded([&] {
+        const int selected = m_catalogue.selectedRow();
+        if (selected < 0) {
+            return;
+        }
+        const int slot = slotOf(row);
+        m_document.LinePlu[slot] = m_catalogue.numberAt(selected);
+        m_document.LineLayouts[slot].kind = ProductLine;
+        // Clicking down the page lays out the catalogue's products one after another.
+        m_catalogue.selectNextRow();
+        if (row + 1 < PageView::Rows) {
+            m_rows[static_cast<std::size_t>(row + 1)].Command12->setFocus();
+        }
+        m_page.Update_Page();
+    });
+}

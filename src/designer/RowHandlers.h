@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+#include <array>
+
+class CataloguePanel;
+class MenuDocument;
+class ModifierPanel;
+class PageView;
+class QLineEdit;
+class QToolButton;
+class UserPrompts;
+
+// What the line editor starts from when a front row is opened: the row, and the PLU number and price
+// of the product on it with the catalogue list's current entry.
+struct LineEditRequest
+{
+    int row = -1;
+    QString pluNumber;
+    QString price;
+    int pluListRow = -1;
+
+    bool operator==(const LineEditRequest&) const = default;
+};
+
+// The event handlers of the page's live rows: typing a product, a title or a price into a front row,
+// a group title into a back row, binding the catalogue's selected product with the button beside a
+// row, and opening a row in its editor.
+class RowHandlers : public QObject
+{
+    Q_OBJECT
+
+public:
+    RowHandlers(MenuDocument& document, UserPrompts& prompts, PageView& page, CataloguePanel& catalogue,
+        ModifierPanel& modifiers, QObject* parent = nullptr);
+
+public slots:
+    void Linhas_Change(int row);
+    void Linhas_LostFocus(int row);
+    void Linhas_Click(int row);
+    void Linhas_DblClick(int row);
+    void LinhasVerso_Change(int row);
+    void LinhasVerso_DblClick(int row);
+    void Price_Change(int row);
+    void Command12_Click(int row);
+
+signals:
+    void lineEditorRequested(const LineEditRequest& request);
+    void groupTitleEditorRequested(int row, const QString& backText);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Row
+    {
+        QLineEdit* Linhas = nullptr;
+        QLineEdit* Price = nullptr;
+        QLineEdit* LinhasVerso = nullptr;
+        QToolButton* Command12 = nullptr;
+    };
+
+    void connectRow(int index);
+    void commit(int row);
+    int slotOf(int row) const;
+    QString tagOf(int row) const;
+
+    template<typename Work>
+    void guarded(Work&& work);
+
+    MenuDocument& m_document;
+    UserPrompts& m_prompts;
+    PageView& m_page;
+    CataloguePanel& m_catalogue;
+    ModifierPanel& m_modifiers;
+    std::array<Row, 24> m_rows;
+};
