@@ -89,7 +89,7 @@ void MainWindow::buildPanels()
     pageArea->setWidget(m_pageView);
     pageArea->setMinimumWidth(std::min(m_pageView->sizeHint().width(), 640));
     pageArea->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
-    m_modifiers = new ModifierPanel(m_document, central);
+    m_modifiers = new ModifierPanel(m_document, m_prompts, *m_catalogue, central);
     layout->addWidget(m_catalogue);
     layout->addWidget(pageArea, 1);
     layout->addWidget(m_modifiers);
@@ -103,8 +103,11 @@ void MainWindow::buildPanels()
     auto* rows = new RowHandlers(m_document, m_prompts, *m_pageView, *m_catalogue, *m_modifiers, this);
     connect(rows, &RowHandlers::lineEditorRequested, this, &MainWindow::openLineEditor);
     connect(rows, &RowHandlers::groupTitleEditorRequested, this, &MainWindow::openGroupTitleEditor);
-    connect(m_catalogue, &CataloguePanel::refreshRequested, this,
-        [this] { guarded([this] { Refresh_Page(); }); });
+    const auto refresh = [this] { guarded([this] { Refresh_Page(); }); };
+    connect(m_catalogue, &CataloguePanel::refreshRequested, this, refresh);
+    connect(m_modifiers, &ModifierPanel::refreshRequested, this, refresh);
+    // Picking a product in the catalogue shows its modifier lists.
+    connect(m_catalogue, &CataloguePanel::entryPicked, m_modifiers, &ModifierPanel::selectProduct);
 }
 
 void MainWindow::buildMenuBar()

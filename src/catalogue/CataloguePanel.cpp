@@ -105,6 +105,8 @@ void CataloguePanel::buildControls()
     connect(remove, &QPushButton::clicked, this, &CataloguePanel::Command9_Click);
     connect(m_onlyDefined, &QCheckBox::toggled, this, &CataloguePanel::Check1_Click);
     connect(m_list, &QListWidget::itemDoubleClicked, this, &CataloguePanel::Lista_plus_DblClick);
+    connect(m_list, &QListWidget::itemClicked, this,
+        [this](QListWidgetItem* item) { emit entryPicked(item->text()); });
 }
 
 QSize CataloguePanel::sizeHint() const
@@ -203,6 +205,12 @@ int CataloguePanel::currentRow() const
     return m_list->currentRow();
 }
 
+QString CataloguePanel::selectedText() const
+{
+    const int row = selectedRow();
+    return row >= 0 ? m_list->item(row)->text() : QString();
+}
+
 std::int32_t CataloguePanel::numberAt(int row) const
 {
     return m_list->item(row)->data(Qt::UserRole).toInt();
@@ -227,6 +235,7 @@ void CataloguePanel::selectEntryWithText(const QString& text)
     const QList<QListWidgetItem*> found = m_list->findItems(text, Qt::MatchExactly | Qt::MatchCaseSensitive);
     if (!found.isEmpty()) {
         selectOnly(m_list->row(found.first()));
+        emit entryPicked(text);
     }
 }
 

@@ -34,6 +34,8 @@ public:
     // -1 when none is selected.
     int selectedRow() const;
     int currentRow() const;
+    // The text of the selected entry; empty when none is selected.
+    QString selectedText() const;
     std::int32_t numberAt(int row) const;
     // Selects only the entry after the selected one, if there is one.
     void selectNextRow();
@@ -52,6 +54,8 @@ public slots:
 
 signals:
     void refreshRequested();
+    // An entry was picked by a click, or selected for the text of a page row.
+    void entryPicked(const QString& text);
     // The entry the user chose to place on the current line: its row, its number and its price.
     void pluChosen(int listRow, int pluNumber, const QString& price);
 
