@@ -148,6 +148,9 @@ public:
 private:
     void ratio(const char* what, const std::string& measured, const std::string& baseline, double budget)
     {
+        if (!m_milliseconds.contains(measured) || !m_milliseconds.contains(baseline)) {
+            return; // left out by a filter
+        }
         const double value = m_milliseconds[measured] / m_milliseconds[baseline];
         std::printf("  %-16s %8.2f ms = %5.2f x %-30s (budget under %.0f x): %s\n", what,
             m_milliseconds[measured], value, baseline.c_str(), budget, value < budget ? "met" : "MISSED");

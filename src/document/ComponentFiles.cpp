@@ -45,20 +45,21 @@ QString pageFileSuffix(const char16_t* name, int page)
 class LineWriter
 {
 public:
-    void text(QStringView value)
+    void write(QStringView value)
     {
         const qsizetype start = m_bytes.size();
         AnsiCodec::appendEncoded(m_bytes, value);
         replaceLineBreaks(start);
         m_bytes.append("\r\n", 2);
     }
+    void write(const QString& value) { write(QStringView(value)); }
     template<typename A, typename B>
-    void text(const QStringBuilder<A, B>& value)
+    void write(const QStringBuilder<A, B>& value)
     {
-        text(QString(value));
+        write(QString(value));
     }
-    void number(std::int32_t value) { text(NumberText::fileNumber(value)); }
-    void number(float value) { text(NumberText::fileNumber(value)); }
+    void write(std::int32_t value) { write(NumberText::fileNumber(value)); }
+    void write(float value) { write(NumberText::fileNumber(value)); }
 
     QByteArray take() { return std::move(m_bytes); }
 
@@ -78,16 +79,78 @@ private:
     QByteArray m_bytes;
 };
 
+// The printer, layout and language files hold values in a fixed order that writing and reading
+// walk alike, so that the two cannot drift apart.
+template<typename Settings, typename Visit>
+void visitPrinterValues(Settings& settings, Visit&& visit)
+{
+    visit(settings.Value1);
+    visit(settings.Value2);
+    visit(settings.Value3);
+    visit(settings.CurrencySymbol);
+    visit(settings.FontName);
+    for (int kind : { 1, 2, 0 }) {
+        visit(settings.ColorBack[kind]);
+        visit(settings.ColorFore[kind]);
+    }
+    visit(settings.DefaultPageColor);
+    visit(settings.Value4);
+}
+
+template<typename Settings, typename Visit>
+void visitPageSides(Settings& settings, Visit&& visit)
+{
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        visit(settings.PageColorA[page]);
+        visit(settings.PageColorB[page]);
+    }
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        visit(settings.PageValueA[page]);
+        visit(settings.PageValueB[page]);
+    }
+}
+
+// Field 5 goes to its own visitor: it is written but not read back.
+template<typename Document, typename Visit, typename VisitField5>
+void visitLayout(Document& document, Visit&& visit, VisitField5&& visitField5)
+{
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        auto& line = document.LineLayouts[slot];
+        visit(line.text);
+        visit(line.kind);
+        visit(line.backColor);
+        visit(line.foreColor);
+        visitField5(line.field5);
+        visit(line.backText);
+        visit(line.backBackColor);
+        visit(line.backForeColor);
+        visit(line.picturePath);
+    }
+    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
+        visit(document.LineLayouts[slot].pictureRole);
+    }
+}
+
+template<typename Texts, typename Visit>
+void visitLanguageTexts(Texts& texts, Visit&& visit)
+{
+    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
+        for (int language = 1; language <= Limits::LanguageCount; ++language) {
+            visit(texts.at(key, language));
+        }
+    }
+}
+
 QByteArray renderDefinitions(const MenuDocument& document)
 {
     LineWriter out;
     for (int i = 0; i < document.ModifierListCount; ++i) {
         const ModifierDefinition& definition = document.ModifierLists[i];
-        out.text(definition.Name);
+        out.write(definition.Name);
         for (int entry = 0; entry < definition.EntryCount; ++entry) {
-            out.number(definition.EntryPlu[entry]);
+            out.write(definition.EntryPlu[entry]);
         }
-        out.text({});
+        out.write(QString());
     }
     return out.take();
 }
@@ -97,21 +160,21 @@ QByteArray renderAssignments(const MenuDocument& document)
     LineWriter out;
     for (int i = 0; i < document.AssignmentCount; ++i) {
         const ModifierAssignment& assignment = document.Assignments[i];
-        out.text(assignment.Key);
+        out.write(assignment.Key);
         for (int list = 0; list < assignment.ListCount; ++list) {
-            out.text(assignment.ListName[list]);
+            out.write(assignment.ListName[list]);
             // The mandatory flag is not written, though the reader takes it.
             if (assignment.Minimum[list] != 0) {
-                out.text(QStringLiteral("minimo ") + NumberText::str(assignment.Minimum[list]));
+                out.write(QStringLiteral("minimo ") + NumberText::str(assignment.Minimum[list]));
             }
             if (assignment.Maximum[list] != 0) {
-                out.text(QStringLiteral("maximo ") + NumberText::str(assignment.Maximum[list]));
+                out.write(QStringLiteral("maximo ") + NumberText::str(assignment.Maximum[list]));
             }
             if (assignment.Default[list] != 0) {
-                out.text(QStringLiteral("default ") + NumberText::str(assignment.Default[list]));
+                out.write(QStringLiteral("default ") + NumberText::str(assignment.Default[list]));
             }
         }
-        out.text({});
+        out.write(QString());
     }
     return out.take();
 }
@@ -121,10 +184,10 @@ QByteArray renderButtons(const MenuDocument& document)
     LineWriter out;
     for (int slot = 0; slot < Limits::PageCount * Limits::RowsPerPage; ++slot) {
         if (slot % Limits::RowsPerPage == 0) {
-            out.text(QStringLiteral("- Page ") + NumberText::str(slot / Limits::RowsPerPage));
+            out.write(QStringLiteral("- Page ") + NumberText::str(slot / Limits::RowsPerPage));
         }
         const std::int32_t plu = document.LinePlu[slot];
-        out.text(plu > 0 ? NumberText::str(plu) : QStringLiteral("0"));
+        out.write(plu > 0 ? NumberText::str(plu) : QStringLiteral("0"));
     }
     return out.take();
 }
@@ -137,7 +200,7 @@ QByteArray renderPageColumn(
     for (int row = 0; row < Limits::RowsPerPage; ++row) {
         const std::int32_t plu = document.LinePlu[lineSlot(page, row)];
         const int found = plu != 0 ? index.findLinePlu(plu) : -1;
-        out.text(found >= 0 ? document.Plus[found].*field : QString());
+        out.write(found >= 0 ? document.Plus[found].*field : QString());
     }
     return out.take();
 }
@@ -146,7 +209,7 @@ QByteArray renderPlus(const MenuDocument& document)
 {
     LineWriter out;
     for (int i = 0; i < document.PluCount; ++i) {
-        out.text(PluLine::format(document.Plus[i]));
+        out.write(PluLine::format(document.Plus[i]));
     }
     return out.take();
 }
@@ -154,64 +217,31 @@ QByteArray renderPlus(const MenuDocument& document)
 QByteArray renderPrinter(const PrintSettings& settings)
 {
     LineWriter out;
-    out.number(settings.Value1);
-    out.number(settings.Value2);
-    out.number(settings.Value3);
-    out.text(settings.CurrencySymbol);
-    out.text(settings.FontName);
-    for (int kind : { 1, 2, 0 }) {
-        out.text(settings.ColorBack[kind]);
-        out.text(settings.ColorFore[kind]);
-    }
-    out.text(settings.DefaultPageColor);
-    out.number(settings.Value4);
-    for (int page = 1; page <= Limits::PageCount; ++page) {
-        out.text(settings.PageColorA[page]);
-        out.text(settings.PageColorB[page]);
-    }
-    for (int page = 1; page <= Limits::PageCount; ++page) {
-        out.text(settings.PageValueA[page]);
-        out.text(settings.PageValueB[page]);
-    }
+    const auto write = [&out](const auto& value) { out.write(value); };
+    visitPrinterValues(settings, write);
+    visitPageSides(settings, write);
     return out.take();
 }
 
 QByteArray renderLayout(const MenuDocument& document)
 {
     LineWriter out;
-    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
-        const LineLayout& line = document.LineLayouts[slot];
-        out.text(line.text);
-        out.number(line.kind);
-        out.text(line.backColor);
-        out.text(line.foreColor);
-        out.number(line.field5);
-        out.text(line.backText);
-        out.text(line.backBackColor);
-        out.text(line.backForeColor);
-        out.text(line.picturePath);
-    }
-    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
-        out.number(document.LineLayouts[slot].pictureRole);
-    }
+    const auto write = [&out](const auto& value) { out.write(value); };
+    visitLayout(document, write, write);
     return out.take();
 }
 
 QByteArray renderLanguages(const LanguageTable& texts)
 {
     LineWriter out;
-    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
-        for (int language = 1; language <= Limits::LanguageCount; ++language) {
-            out.text(texts.at(key, language));
-        }
-    }
+    visitLanguageTexts(texts, [&out](const QString& text) { out.write(text); });
     return out.take();
 }
 
 QByteArray renderPagesVersion(const MenuDocument& document)
 {
     LineWriter out;
-    out.text(document.PagesVersion);
+    out.write(document.PagesVersion);
     return out.take();
 }
 
@@ -355,55 +385,22 @@ void readButtons(LineReader& in, MenuDocument& document)
 
 void readPrinter(LineReader& in, PrintSettings& settings)
 {
-    in.read(settings.Value1);
-    in.read(settings.Value2);
-    in.read(settings.Value3);
-    in.read(settings.CurrencySymbol);
-    in.read(settings.FontName);
-    for (int kind : { 1, 2, 0 }) {
-        in.read(settings.ColorBack[kind]);
-        in.read(settings.ColorFore[kind]);
-    }
-    in.read(settings.DefaultPageColor);
-    in.read(settings.Value4);
+    const auto read = [&in](auto& value) { in.read(value); };
+    visitPrinterValues(settings, read);
     // The pages start from the default page colour; the colours the file gives them win.
     settings.resetPageColors();
-    for (int page = 1; page <= Limits::PageCount; ++page) {
-        in.read(settings.PageColorA[page]);
-        in.read(settings.PageColorB[page]);
-    }
-    for (int page = 1; page <= Limits::PageCount; ++page) {
-        in.read(settings.PageValueA[page]);
-        in.read(settings.PageValueB[page]);
-    }
+    visitPageSides(settings, read);
 }
 
 void readLayout(LineReader& in, MenuDocument& document)
 {
-    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
-        LineLayout& line = document.LineLayouts[slot];
-        in.read(line.text);
-        in.read(line.kind);
-        in.read(line.backColor);
-        in.read(line.foreColor);
-        in.skip(); // field 5 is written but not restored
-        in.read(line.backText);
-        in.read(line.backBackColor);
-        in.read(line.backForeColor);
-        in.read(line.picturePath);
-    }
-    for (int slot = 0; slot <= LastStoredLayoutSlot; ++slot) {
-        in.read(document.LineLayouts[slot].pictureRole);
-    }
+    visitLayout(
+        document, [&in](auto& value) { in.read(value); }, [&in](std::int32_t&) { in.skip(); });
 }
 
 void readLanguages(LineReader& in, LanguageTable& texts)
 {
-    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
-        for (int language = 1; language <= Limits::LanguageCount; ++language) {
-            in.read(texts.at(key, language));
-        }
-    }
+    visitLanguageTexts(texts, [&in](QString& text) { in.read(text); });
 }
 
 // One component file: its suffix and how to make its bytes. Makers only read the document, so that
