@@ -28,12 +28,17 @@ public:
     void Refresh_Page();
     void Update_Page();
 
+    // The page side the Background effects dialog works on: 1 front, 2 back.
+    int side() const { return m_side; }
+
 public slots:
     void Timer1_Timer();
     void Load_Click();
     void Save_Click();
     void New_Click();
     void Exit_Click();
+    // Where a click on a page side ends: the side is kept for the Background effects dialog.
+    void showBackgroundEffects(int side);
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -59,4 +64,5 @@ private:
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;
     ModifierPanel* m_modifiers = nullptr;
+    int m_side = 1;
 };
