@@ -3,6 +3,7 @@
 #include "PageOperations.h"
 #include "PageRendering.h"
 #include "PictureBox.h"
+#include "RowDialog.h"
 #include "app/HandlerGuard.h"
 #include "appearance/ColorNumbers.h"
 #include "document/MenuDocument.h"
@@ -385,6 +386,7 @@ void PageView::buildCommands()
 
     for (int r = 0; r < Rows; ++r) {
         const Row& row = m_rows[static_cast<std::size_t>(r)];
+        connect(row.Remove, &QToolButton::clicked, this, [this, r] { Remove_Click(r); });
         m_designMoves.push_back({ row.Linhas, 0, RowTextRoom });
         m_designMoves.push_back({ row.Price, RowTextRoom, PriceRoom });
         m_designMoves.push_back({ row.Command12, SideRoom, 0 });
@@ -478,4 +480,13 @@ void PageView::Picture1_Click()
 void PageView::Picture2_Click()
 {
     guarded([this] { emit backgroundDialogRequested(2); });
+}
+
+void PageView::Remove_Click(int row)
+{
+    guarded([this, row] {
+        m_selectedRow = row;
+        RowDialog dialog(m_document, *this, m_prompts, this);
+        dialog.exec();
+    });
 }

@@ -43,6 +43,9 @@ public:
 
     QSize sizeHint() const override;
 
+    // The row whose Remove button was clicked last (0 to 23); the row dialog acts on it.
+    int selectedRow() const { return m_selectedRow; }
+
     // True while the page has the modifier panel's room.
     bool designing() const;
 
@@ -54,6 +57,7 @@ public slots:
     void Expand_Click();
     void Picture1_Click();
     void Picture2_Click();
+    void Remove_Click(int row);
 
 signals:
     // The Background effects dialog is wanted for side 1 (front) or 2 (back) of the current page.
@@ -109,4 +113,5 @@ private:
     QLabel* m_frontHeading = nullptr;
     QLabel* m_backHeading = nullptr;
     std::vector<DesignMove> m_designMoves;
+    int m_selectedRow = 0;
 };

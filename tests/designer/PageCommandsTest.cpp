@@ -2,6 +2,7 @@
 #include "designer/PictureBox.h"
 #include "document/MenuDocument.h"
 #include "support/DocumentDiff.h"
+#include "support/ModalDialogDriver.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -27,6 +28,28 @@ QString product(int index)
     return u"Product "_s + QString::number(index);
 }
 
+// Whatever changed on `page` is taken over from `after`; the rest of the two documents must be equal.
+QString differenceOutsidePage(const MenuDocument& before, const MenuDocument& after, int page)
+{
+    auto expected = std::make_unique<MenuDocument>(before);
+    for (int r = 0; r < Limits::RowsPerPage; ++r) {
+        const int slot = lineSlot(page, r);
+        expected->LinePlu[slot] = after.LinePlu[slot];
+        expected->LineLayouts[slot] = after.LineLayouts[slot];
+        for (const int key : { TextKey::LineTextBase + slot, TextKey::GroupTitleBase + slot }) {
+            for (int language = 1; language <= Limits::LanguageCount; ++language) {
+                expected->LanguageTable.at(key, language) = after.LanguageTable.at(key, language);
+            }
+        }
+    }
+    PrintSettings& print = expected->PrintSettings;
+    print.PageColorA[page] = after.PrintSettings.PageColorA[page];
+    print.PageColorB[page] = after.PrintSettings.PageColorB[page];
+    print.PageValueA[page] = after.PrintSettings.PageValueA[page];
+    print.PageValueB[page] = after.PrintSettings.PageValueB[page];
+    return firstDifference(*expected, after);
+}
+
 } // namespace
 
 class PageCommandsTest : public QObject
@@ -41,6 +64,11 @@ private slots:
     void insertPageEmptiesTheCurrentPageAndMovesItOn();
     void deletePageShowsTheNextPageInItsPlace();
     void aFaultInAPageCommandIsShownAndChangesNothing();
+    void moveUpPullsTheRowsBelowUpOverTheRow();
+    void moveDownPushesTheRowsDownAndLeavesTheBackText();
+    void movingTheLastRowOnlyUnbindsIt_data();
+    void movingTheLastRowOnlyUnbindsIt();
+    void deleteLeavesAnEmptyProductRowAndEscapeLeavesAll();
     void clicksOnASideAskForTheBackgroundDialog();
     void expandGivesTheFrontRowsTheRoomAndTakesItBack();
 
@@ -49,6 +77,8 @@ private:
     QStringList shownTexts() const;
     QString shown(const char16_t* name, int row) const;
     void click(const QString& button);
+    // Opens the row dialog of a row and clicks one of its buttons; a null button presses Escape.
+    void useRowDialog(int row, const char* button);
     template<typename Control = QWidget>
     Control* find(const QString& name) const;
 
@@ -119,6 +149,28 @@ QStringList PageCommandsTest::shownTexts() const
 void PageCommandsTest::click(const QString& button)
 {
     find<QAbstractButton>(button)->click();
+}
+
+void PageCommandsTest::useRowDialog(int row, const char* button)
+{
+    ModalDialogDriver driver;
+    QString title;
+    driver.onNextDialog([&](QDialog& dialog) {
+        QCOMPARE(dialog.objectName(), u"Form9"_s);
+        title = dialog.windowTitle();
+        if (button) {
+            dialog.findChild<QPushButton*>(QLatin1StringView(button))->click();
+        } else {
+            QTest::keyClick(&dialog, Qt::Key_Escape);
+        }
+    });
+    click(u"Remove_"_s + QString::number(row));
+    QVERIFY(driver.acted());
+    QVERIFY2(!driver.leftOpen(), "the button did not close the dialog");
+    QCOMPARE(m_view->selectedRow(), row);
+    QCOMPARE(title, QStringLiteral("Page %1, row %2").arg(m_view->currentPage()).arg(row + 1));
+    // The dialog is gone, not hidden.
+    QVERIFY(m_view->findChildren<QDialog*>().isEmpty());
 }
 
 void PageCommandsTest::pagingStopsAtTheFirstAndLastPageAndRedrawsAnyway()
@@ -241,6 +293,111 @@ void PageCommandsTest::aFaultInAPageCommandIsShownAndChangesNothing()
     click(u"Command14"_s);
     QCOMPARE(m_view->currentPage(), 6);
     QCOMPARE(m_prompts.messages.size(), 2);
+}
+
+void PageCommandsTest::moveUpPullsTheRowsBelowUpOverTheRow()
+{
+    draw(FullPage);
+    const auto before = std::make_unique<MenuDocument>(*m_document);
+    useRowDialog(5, "Command2");
+
+    for (int r = 0; r < 5; ++r) {
+        QCOMPARE(shown(u"Linhas", r), product(10 + r));
+    }
+    for (int r = 5; r <= 22; ++r) {
+        QCOMPARE(shown(u"Linhas", r), product(11 + r));
+        QCOMPARE(shown(u"Price", r), QString::number(11 + r) + u".50"_s);
+        QCOMPARE(shown(u"LinhasVerso", r), u"Group "_s + QString::number(r + 1));
+    }
+    QCOMPARE(shown(u"Linhas", 23), QString());
+    QCOMPARE(shown(u"Price", 23), QString());
+    const LineLayout& last = m_document->LineLayouts[lineSlot(FullPage, 23)];
+    QCOMPARE(m_document->LinePlu[lineSlot(FullPage, 23)], 0);
+    QCOMPARE(last.kind, std::int32_t(ProductLine));
+    QCOMPARE(last.backText, u"Group 23"_s); // kept, now on rows 22 and 23
+    QCOMPARE(differenceOutsidePage(*before, *m_document, FullPage), QString());
+}
+
+void PageCommandsTest::moveDownPushesTheRowsDownAndLeavesTheBackText()
+{
+    draw(FullPage);
+    const auto before = std::make_unique<MenuDocument>(*m_document);
+    useRowDialog(5, "Command3");
+
+    for (int r = 0; r < 5; ++r) {
+        QCOMPARE(shown(u"Linhas", r), product(10 + r));
+    }
+    QCOMPARE(shown(u"Linhas", 5), QString());
+    QCOMPARE(shown(u"Price", 5), QString());
+    for (int r = 6; r <= 23; ++r) {
+        QCOMPARE(shown(u"Linhas", r), product(9 + r));
+    }
+    // The former row 23 is gone from the page.
+    for (int r = 0; r < Limits::RowsPerPage; ++r) {
+        QVERIFY(m_document->LinePlu[lineSlot(FullPage, r)] != 133);
+    }
+    QCOMPARE(shown(u"LinhasVerso", 5), u"Group 5"_s);
+    QCOMPARE(shown(u"LinhasVerso", 6), u"Group 5"_s);
+    QCOMPARE(shown(u"LinhasVerso", 7), u"Group 6"_s);
+    QCOMPARE(differenceOutsidePage(*before, *m_document, FullPage), QString());
+}
+
+void PageCommandsTest::movingTheLastRowOnlyUnbindsIt_data()
+{
+    QTest::addColumn<QByteArray>("button");
+    QTest::newRow("MOVE UP") << QByteArray("Command2");
+    QTest::newRow("MOVE DOWN") << QByteArray("Command3");
+}
+
+void PageCommandsTest::movingTheLastRowOnlyUnbindsIt()
+{
+    QFETCH(QByteArray, button);
+    draw(FullPage);
+    QStringList expectedTexts = shownTexts();
+    const auto expected = std::make_unique<MenuDocument>(*m_document);
+    useRowDialog(23, button.constData());
+    expectedTexts[23].clear();
+    QCOMPARE(shownTexts(), expectedTexts);
+    expected->LinePlu[lineSlot(FullPage, 23)] = 0;
+    QCOMPARE(firstDifference(*expected, *m_document), QString());
+}
+
+void PageCommandsTest::deleteLeavesAnEmptyProductRowAndEscapeLeavesAll()
+{
+    MenuDocument& d = *m_document;
+    const int title = lineSlot(3, 9);
+    d.LineLayouts[title].kind = TitleLine;
+    d.LineLayouts[title].text = u"Sobremesas"_s;
+    d.LineLayouts[title].backColor = u"128"_s;
+    d.LinePlu[title] = 120; // a title shows its own text beside the price of its product
+    draw(3);
+    QCOMPARE(shown(u"Linhas", 9), u"Sobremesas"_s);
+    QCOMPARE(shown(u"Price", 9), u"20.50"_s);
+
+    const auto before = std::make_unique<MenuDocument>(d);
+    useRowDialog(9, nullptr);
+    QCOMPARE(firstDifference(*before, d), QString());
+    QCOMPARE(shown(u"Linhas", 9), u"Sobremesas"_s);
+
+    useRowDialog(9, "Command1");
+    QCOMPARE(shown(u"Linhas", 9), QString());
+    QCOMPARE(shown(u"Price", 9), QString());
+    LineLayout expected = before->LineLayouts[title];
+    expected.kind = ProductLine;
+    QCOMPARE(d.LineLayouts[title], expected);
+    QCOMPARE(d.LinePlu[title], 0);
+    QCOMPARE(differenceOutsidePage(*before, d, 3), QString());
+
+    ModalDialogDriver driver;
+    QStringList captions;
+    driver.onNextDialog([&](QDialog& dialog) {
+        for (const char* name : { "Command1", "Command2", "Command3" }) {
+            captions.append(dialog.findChild<QPushButton*>(QLatin1StringView(name))->text());
+        }
+        dialog.reject();
+    });
+    click(u"Remove_0"_s);
+    QCOMPARE(captions, QStringList({ u"DELETE"_s, u"MOVE UP"_s, u"MOVE DOWN"_s }));
 }
 
 void PageCommandsTest::clicksOnASideAskForTheBackgroundDialog()
