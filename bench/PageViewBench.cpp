@@ -2,6 +2,7 @@
 #include "designer/PageView.h"
 #include "document/MenuDocument.h"
 #include "support/SampleDocuments.h"
+#include "support/ScriptedPrompts.h"
 
 #include <QApplication>
 #include <QImage>
@@ -20,7 +21,8 @@ struct Fixture
 {
     QTemporaryDir folder;
     std::unique_ptr<MenuDocument> document = SampleDocuments::largestMenu();
-    PageView view { *document };
+    ScriptedPrompts prompts;
+    PageView view { *document, prompts };
 
     Fixture()
     {

@@ -82,7 +82,7 @@ void MainWindow::buildPanels()
     auto* central = new QWidget(this);
     auto* layout = new QHBoxLayout(central);
     m_catalogue = new CataloguePanel(m_document, m_prompts, central);
-    m_pageView = new PageView(m_document);
+    m_pageView = new PageView(m_document, m_prompts);
     // On a small screen the page scrolls instead of squeezing its rows.
     auto* pageArea = new QScrollArea(central);
     pageArea->setFrameShape(QFrame::NoFrame);
@@ -108,6 +108,9 @@ void MainWindow::buildPanels()
     connect(m_modifiers, &ModifierPanel::refreshRequested, this, refresh);
     // Picking a product in the catalogue shows its modifier lists.
     connect(m_catalogue, &CataloguePanel::entryPicked, m_modifiers, &ModifierPanel::selectProduct);
+    // While the menu is designed the modifier lists give the page their room.
+    connect(m_pageView, &PageView::workModeChanged, m_modifiers, &QWidget::setHidden);
+    connect(m_pageView, &PageView::backgroundDialogRequested, this, &MainWindow::showBackgroundEffects);
 }
 
 void MainWindow::buildMenuBar()
@@ -172,6 +175,11 @@ void MainWindow::Refresh_Page()
 void MainWindow::Update_Page()
 {
     m_pageView->Update_Page();
+}
+
+void MainWindow::showBackgroundEffects(int side)
+{
+    m_side = side;
 }
 
 void MainWindow::Timer1_Timer()

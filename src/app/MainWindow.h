@@ -33,6 +33,8 @@ public:
     const LineEditRequest& lineEditRequest() const { return m_lineEditRequest; }
     int groupTitleRow() const { return m_groupTitleRow; }
     const QString& groupTitleText() const { return m_groupTitleText; }
+    // The page side the Background effects dialog works on: 1 front, 2 back.
+    int side() const { return m_side; }
 
 public slots:
     void Timer1_Timer();
@@ -40,6 +42,8 @@ public slots:
     void Save_Click();
     void New_Click();
     void Exit_Click();
+    // Where a click on a page side ends: the side is kept for the Background effects dialog.
+    void showBackgroundEffects(int side);
 
     // Every way of opening a row in its editor ends here.
     void openLineEditor(const LineEditRequest& request);
@@ -72,4 +76,5 @@ private:
     LineEditRequest m_lineEditRequest;
     int m_groupTitleRow = -1;
     QString m_groupTitleText;
+    int m_side = 1;
 };

@@ -1,7 +1,10 @@
 #include "PageView.h"
 
+#include "PageOperations.h"
 #include "PageRendering.h"
 #include "PictureBox.h"
+#include "RowDialog.h"
+#include "app/HandlerGuard.h"
 #include "appearance/ColorNumbers.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
@@ -10,6 +13,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPushButton>
+#include <QShortcut>
+#include <QStyle>
 #include <QToolButton>
 
 using namespace PageRendering;
@@ -23,8 +29,12 @@ constexpr int Margin = 12;
 constexpr int SideWidth = 430;
 constexpr int SideHeaderHeight = 44;
 constexpr int SideHeight = SideHeaderHeight + PageView::Rows * RowPitch + 12;
-constexpr int HeadingTop = 36;
-constexpr int SideTop = 58;
+constexpr int HeaderTop = 4; // paging, then the page operations with the side headings
+constexpr int HeaderRowHeight = 28;
+constexpr int HeaderRowGap = 4;
+constexpr int SecondRowTop = HeaderTop + HeaderRowHeight + HeaderRowGap;
+constexpr int HeadingTop = SecondRowTop + 4;
+constexpr int SideTop = SecondRowTop + HeaderRowHeight + 6;
 constexpr int ButtonSize = 22;
 constexpr int ButtonGutter = 2 * ButtonSize + 16;
 
@@ -40,6 +50,29 @@ constexpr int BackTextWidth = SideWidth - 10 - BackTextLeft;
 
 constexpr int BackRowPointSize = 9;
 constexpr int MagnetSize = 36;
+
+// The room the front rows get while designing. The amounts are in twips, 15 to a pixel; the row text
+// and its price together take all the room the side gains.
+constexpr int pixels(int twips)
+{
+    return (2 * twips + 15) / 30;
+}
+constexpr int SideRoom = pixels(3000);
+constexpr int RowTextRoom = pixels(2300);
+constexpr int PriceRoom = pixels(700);
+static_assert(RowTextRoom + PriceRoom == SideRoom);
+
+const QString& designCaption()
+{
+    static const QString caption = QStringLiteral("Design the Menu");
+    return caption;
+}
+
+const QString& configureCaption()
+{
+    static const QString caption = QStringLiteral("Configure the Modifiers");
+    return caption;
+}
 
 int rowTop(int row)
 {
@@ -81,6 +114,7 @@ QLabel* heading(QWidget* parent, const QString& objectName, const QString& capti
     QFont font = label->font();
     font.setBold(true);
     label->setFont(font);
+    label->setAlignment(Qt::AlignCenter);
     label->setGeometry(left, HeadingTop, SideWidth, 20);
     return label;
 }
@@ -105,28 +139,29 @@ void setRowFont(QWidget* widget, const QString& family, int pointSize)
 
 } // namespace
 
-PageView::PageView(MenuDocument& document, QWidget* parent)
+PageView::PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent)
     , m_document(document)
+    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("PageView"));
 
     auto* pageText = new QLabel(QStringLiteral("Page"), this);
     pageText->setObjectName(QStringLiteral("Page_text"));
-    pageText->setGeometry(Margin, 8, 40, 22);
+    pageText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_page = new QLabel(QStringLiteral("1"), this);
     m_page->setObjectName(QStringLiteral("Page"));
     QFont pageFont = m_page->font();
     pageFont.setBold(true);
     pageFont.setPointSize(pageFont.pointSize() + 3);
     m_page->setFont(pageFont);
-    m_page->setGeometry(Margin + 44, 8, 40, 22);
 
-    heading(this, QStringLiteral("FrontHeading"), QStringLiteral("Front"), FrontLeft);
-    heading(this, QStringLiteral("BackHeading"), QStringLiteral("Back"), BackLeft);
+    m_frontHeading = heading(this, QStringLiteral("FrontHeading"), QStringLiteral("Front"), FrontLeft);
+    m_backHeading = heading(this, QStringLiteral("BackHeading"), QStringLiteral("Back"), BackLeft);
 
     buildFront();
     buildBack();
+    buildCommands();
     setMinimumSize(sizeHint());
 }
 
@@ -193,7 +228,9 @@ void PageView::paintEvent(QPaintEvent*)
 
 QSize PageView::sizeHint() const
 {
-    return QSize(BackLeft + SideWidth + Margin, SideTop + SideHeight + Margin);
+    // The back side moves right while designing; the view grows with it.
+    const QRect back = m_picture2->geometry();
+    return QSize(back.right() + 1 + Margin, back.bottom() + 1 + Margin);
 }
 
 int PageView::currentPage() const
@@ -266,4 +303,190 @@ void PageView::showRow(Row& row, const RowView& view)
         row.Imagem->setProperty("tag", view.pictureTag);
     }
     row.Imagem->setVisible(view.pictureBoxVisible);
+}
+
+template<typename Handler>
+void PageView::guarded(Handler&& handler)
+{
+    runGuarded(m_prompts, std::forward<Handler>(handler));
+}
+
+// Two lines above the front: paging with the page number between Previous and Next, then Insert and
+// Delete on either side of the front's heading. Next and Delete keep to the front's right edge when it
+// widens. The mode switch stands above the back side and stays put, under the pointer, when clicked.
+void PageView::buildCommands()
+{
+    const auto button = [this](const QString& name, const QString& caption, const QString& toolTip) {
+        auto* pushButton = new QPushButton(caption, this);
+        pushButton->setObjectName(name);
+        pushButton->setToolTip(toolTip);
+        pushButton->setAutoDefault(false);
+        return pushButton;
+    };
+    m_command14 = button(QStringLiteral("Command14"), QStringLiteral("Previous Page"),
+        QStringLiteral("Page Up, or Ctrl+Page Up anywhere in the window"));
+    m_command14->setIcon(style()->standardIcon(QStyle::SP_ArrowLeft));
+    m_command15 = button(QStringLiteral("Command15"), QStringLiteral("Next Page"),
+        QStringLiteral("Page Down, or Ctrl+Page Down anywhere in the window"));
+    m_command15->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
+    m_command15->setLayoutDirection(Qt::RightToLeft); // the arrow after the caption
+    m_insertPage = button(QStringLiteral("InsertPage"), QStringLiteral("Insert Page"),
+        QStringLiteral("An empty page here: this page and the ones after it move one page on, and the "
+                       "content of page 14 is lost"));
+    m_deletePage = button(QStringLiteral("DeletePage"), QStringLiteral("Delete Page"),
+        QStringLiteral("Takes this page out: the pages after it move one page forward"));
+    m_expand = button(QStringLiteral("Expand"), designCaption(),
+        QStringLiteral("Switches between designing the menu with wide rows and configuring the modifiers"));
+
+    const auto place = [](QPushButton* command, int left, int top) {
+        command->setGeometry(left, top, command->sizeHint().width(), HeaderRowHeight);
+    };
+    const int frontRight = FrontLeft + SideWidth;
+    place(m_command14, FrontLeft, HeaderTop);
+    place(m_command15, frontRight - m_command15->sizeHint().width(), HeaderTop);
+    place(m_insertPage, FrontLeft, SecondRowTop);
+    place(m_deletePage, frontRight - m_deletePage->sizeHint().width(), SecondRowTop);
+    // Wide enough for either caption, so that the button stays where it is when its caption changes.
+    m_expand->setText(configureCaption());
+    const int expandWidth = m_expand->sizeHint().width();
+    m_expand->setText(designCaption());
+    m_expand->setGeometry(BackLeft + SideWidth - expandWidth, HeaderTop, expandWidth, HeaderRowHeight);
+
+    // "Page" and its number stand together in the middle of the front.
+    auto* pageText = findChild<QLabel*>(QStringLiteral("Page_text"));
+    const int textWidth = pageText->sizeHint().width();
+    const int numberWidth = m_page->fontMetrics().horizontalAdvance(QStringLiteral("00")) + 4;
+    const int pageLeft = FrontLeft + (SideWidth - textWidth - 4 - numberWidth) / 2;
+    pageText->setGeometry(pageLeft, HeaderTop, textWidth, HeaderRowHeight);
+    m_page->setGeometry(pageLeft + textWidth + 4, HeaderTop, numberWidth, HeaderRowHeight);
+
+    connect(m_command14, &QPushButton::clicked, this, &PageView::Command14_Click);
+    connect(m_command15, &QPushButton::clicked, this, &PageView::Command15_Click);
+    connect(m_insertPage, &QPushButton::clicked, this, &PageView::InsertPage_Click);
+    connect(m_deletePage, &QPushButton::clicked, this, &PageView::DeletePage_Click);
+    connect(m_expand, &QPushButton::clicked, this, &PageView::Expand_Click);
+    connect(m_picture1, &PictureBox::clicked, this, &PageView::Picture1_Click);
+    connect(m_picture2, &PictureBox::clicked, this, &PageView::Picture2_Click);
+
+    // Page Up and Page Down turn the pages while the page has the focus; the lists beside it keep
+    // those keys for scrolling, so from there Ctrl is needed.
+    const auto pageKey = [this](QPushButton* command, const QKeySequence& key, Qt::ShortcutContext context) {
+        auto* shortcut = new QShortcut(key, this);
+        shortcut->setContext(context);
+        // Focus moves to the button first, as with a click, so that a row being typed in is left first.
+        connect(shortcut, &QShortcut::activated, command, [command] {
+            command->setFocus(Qt::ShortcutFocusReason);
+            command->click();
+        });
+    };
+    pageKey(m_command14, QKeySequence(Qt::Key_PageUp), Qt::WidgetWithChildrenShortcut);
+    pageKey(m_command15, QKeySequence(Qt::Key_PageDown), Qt::WidgetWithChildrenShortcut);
+    pageKey(m_command14, QKeySequence(Qt::CTRL | Qt::Key_PageUp), Qt::WindowShortcut);
+    pageKey(m_command15, QKeySequence(Qt::CTRL | Qt::Key_PageDown), Qt::WindowShortcut);
+
+    for (int r = 0; r < Rows; ++r) {
+        const Row& row = m_rows[static_cast<std::size_t>(r)];
+        connect(row.Remove, &QToolButton::clicked, this, [this, r] { Remove_Click(r); });
+        m_designMoves.push_back({ row.Linhas, 0, RowTextRoom });
+        m_designMoves.push_back({ row.Price, RowTextRoom, PriceRoom });
+        m_designMoves.push_back({ row.Command12, SideRoom, 0 });
+        m_designMoves.push_back({ row.Remove, SideRoom, 0 });
+    }
+    // The gutter, the back side and its heading keep their distance from the wider front; the magnet
+    // letter keeps to the front's corner.
+    for (QWidget* follower :
+        std::initializer_list<QWidget*> { m_magnet, m_command15, m_deletePage, m_picture2, m_backHeading }) {
+        m_designMoves.push_back({ follower, SideRoom, 0 });
+    }
+    m_designMoves.push_back({ m_picture1, 0, SideRoom });
+    m_designMoves.push_back({ m_frontHeading, 0, SideRoom });
+    m_designMoves.push_back({ pageText, SideRoom / 2, 0 });
+    m_designMoves.push_back({ m_page, SideRoom / 2, 0 });
+}
+
+void PageView::Command14_Click()
+{
+    guarded([this] {
+        const int page = currentPage();
+        if (page > 1) {
+            setCurrentPage(page - 1);
+        }
+        Update_Page();
+    });
+}
+
+void PageView::Command15_Click()
+{
+    guarded([this] {
+        const int page = currentPage();
+        if (page < Limits::PageCount) {
+            setCurrentPage(page + 1);
+        }
+        Update_Page();
+    });
+}
+
+void PageView::InsertPage_Click()
+{
+    guarded([this] {
+        PageOperations::InsertPage(m_document, currentPage());
+        Update_Page();
+    });
+}
+
+void PageView::DeletePage_Click()
+{
+    guarded([this] {
+        PageOperations::DeletePage(m_document, currentPage());
+        Update_Page();
+    });
+}
+
+bool PageView::designing() const
+{
+    return m_expand->text() == configureCaption();
+}
+
+// The caption names the mode a click switches to. The amounts are fixed: a window resized in between
+// is not measured again, so two clicks always give back the layout they started from.
+void PageView::Expand_Click()
+{
+    guarded([this] {
+        const bool design = !designing();
+        m_expand->setText(design ? configureCaption() : designCaption());
+        emit workModeChanged(design);
+        applyDesignMoves(design ? 1 : -1);
+    });
+}
+
+void PageView::applyDesignMoves(int direction)
+{
+    for (const DesignMove& move : m_designMoves) {
+        const QRect geometry = move.widget->geometry();
+        move.widget->setGeometry(geometry.x() + direction * move.right, geometry.y(),
+            geometry.width() + direction * move.wider, geometry.height());
+    }
+    setMinimumSize(sizeHint());
+    resize(sizeHint());
+    updateGeometry();
+    update();
+}
+
+void PageView::Picture1_Click()
+{
+    guarded([this] { emit backgroundDialogRequested(1); });
+}
+
+void PageView::Picture2_Click()
+{
+    guarded([this] { emit backgroundDialogRequested(2); });
+}
+
+void PageView::Remove_Click(int row)
+{
+    guarded([this, row] {
+        m_selectedRow = row;
+        RowDialog dialog(m_document, *this, m_prompts, this);
+        dialog.exec();
+    });
 }

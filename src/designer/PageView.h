@@ -5,12 +5,15 @@
 #include <QWidget>
 
 #include <array>
+#include <vector>
 
 class MenuDocument;
 class PictureBox;
 class QLabel;
 class QLineEdit;
+class QPushButton;
 class QToolButton;
+class UserPrompts;
 
 namespace PageRendering {
 struct RowView;
@@ -19,6 +22,9 @@ struct RowView;
 // The current menu page as the magnet sheet shows it: the front side with its rows, prices and magnet
 // letter beside the back side with its group titles and pictures. The view keeps nothing of its own
 // but the page number in the label `Page`; every redraw reads the document afresh.
+//
+// Above the sides stand the page commands: paging, inserting and deleting pages, and the switch
+// between configuring the modifiers and designing the menu, which gives the front rows more room.
 class PageView : public QWidget
 {
     Q_OBJECT
@@ -26,7 +32,7 @@ class PageView : public QWidget
 public:
     static constexpr int Rows = 24;
 
-    explicit PageView(MenuDocument& document, QWidget* parent = nullptr);
+    PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent = nullptr);
 
     // Redraws both sides of the current page. A page colour that was empty is stored as the pale
     // yellow it shows, and picture paths are stored as they were found.
@@ -36,6 +42,28 @@ public:
     void setCurrentPage(int page);
 
     QSize sizeHint() const override;
+
+    // The row whose Remove button was clicked last (0 to 23); the row dialog acts on it.
+    int selectedRow() const { return m_selectedRow; }
+
+    // True while the page has the modifier panel's room.
+    bool designing() const;
+
+public slots:
+    void Command14_Click(); // Previous Page
+    void Command15_Click(); // Next Page
+    void InsertPage_Click();
+    void DeletePage_Click();
+    void Expand_Click();
+    void Picture1_Click();
+    void Picture2_Click();
+    void Remove_Click(int row);
+
+signals:
+    // The Background effects dialog is wanted for side 1 (front) or 2 (back) of the current page.
+    void backgroundDialogRequested(int side);
+    // Expand switched the work mode: while designing, the modifier panel gives the page its room.
+    void workModeChanged(bool designing);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -53,13 +81,37 @@ private:
 
     void buildFront();
     void buildBack();
+    void buildCommands();
     void showRow(Row& row, const PageRendering::RowView& view);
 
+    // What Expand moves, and by how much in pixels, when the page takes the modifier panel's room.
+    struct DesignMove
+    {
+        QWidget* widget;
+        int right;
+        int wider;
+    };
+    void applyDesignMoves(int direction);
+
+    template<typename Handler>
+    void guarded(Handler&& handler);
+
     MenuDocument& m_document;
+    UserPrompts& m_prompts;
     PictureFiles m_pictureFiles;
     QLabel* m_page = nullptr;
     QLabel* m_magnet = nullptr;
     PictureBox* m_picture1 = nullptr;
     PictureBox* m_picture2 = nullptr;
     std::array<Row, Rows> m_rows;
+
+    QPushButton* m_command14 = nullptr;
+    QPushButton* m_command15 = nullptr;
+    QPushButton* m_insertPage = nullptr;
+    QPushButton* m_deletePage = nullptr;
+    QPushButton* m_expand = nullptr;
+    QLabel* m_frontHeading = nullptr;
+    QLabel* m_backHeading = nullptr;
+    std::vector<DesignMove> m_designMoves;
+    int m_selectedRow = 0;
 };

@@ -1,5 +1,6 @@
 #include "PictureBox.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 
 PictureBox::PictureBox(Fit fit, QWidget* parent)
@@ -45,4 +46,23 @@ void PictureBox::paintEvent(QPaintEvent*)
         target.moveCenter(rect().center());
     }
     painter.drawImage(target, m_picture);
+}
+
+// Press and release are kept here, not passed on: a group picture on the back side takes its own
+// clicks, and the side around it never sees them.
+void PictureBox::mousePressEvent(QMouseEvent* event)
+{
+    m_pressed = event->button() == Qt::LeftButton;
+    event->accept();
+}
+
+void PictureBox::mouseReleaseEvent(QMouseEvent* event)
+{
+    const bool click
+        = m_pressed && event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+    m_pressed = false;
+    event->accept();
+    if (click) {
+        emit clicked();
+    }
 }

@@ -24,10 +24,17 @@ public:
     void setPicture(const QImage& picture);
     const QImage& picture() const { return m_picture; }
 
+signals:
+    // A click on the box itself; one on a box or label inside it is that control's own.
+    void clicked();
+
 protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
     Fit m_fit;
     QImage m_picture;
+    bool m_pressed = false;
 };

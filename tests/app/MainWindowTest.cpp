@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -36,6 +37,9 @@ private slots:
     void savedProjectOpensAgainWithTheAutosaveHeldDuringTheDialogs();
     void cancelledDialogsChangeNothing();
     void newEmptiesTheDocumentTheListsAndTheWorkingFolder();
+    void expandTwiceGivesBackTheStartingLayout();
+    void aClickOnAPageSideKeepsTheSideForTheBackgroundDialog();
+    void pageKeysTurnThePages();
 
 private:
     std::unique_ptr<MainWindow> startWindow();
@@ -292,6 +296,91 @@ void MainWindowTest::newEmptiesTheDocumentTheListsAndTheWorkingFolder()
     QCOMPARE(window->findChild<QLabel*>(QStringLiteral("Page"))->text(), u"1"_s);
     QCOMPARE(window->findChild<QLineEdit*>(QStringLiteral("Linhas_0"))->text(), QString());
     QCOMPARE(window->findChild<QLineEdit*>(QStringLiteral("Price_1"))->text(), QString());
+}
+
+// Every control of the page with its place, and whether the modifier panel shows.
+static QStringList pageLayout(MainWindow& window)
+{
+    QStringList layout;
+    auto* page = window.findChild<QWidget*>(u"PageView"_s);
+    for (const QWidget* control : page->findChildren<QWidget*>()) {
+        const QRect r = control->geometry();
+        layout.append(u"%1 %2,%3 %4x%5"_s.arg(control->objectName())
+                          .arg(r.x())
+                          .arg(r.y())
+                          .arg(r.width())
+                          .arg(r.height()));
+    }
+    layout.append(u"PageView %1x%2"_s.arg(page->width()).arg(page->height()));
+    layout.append(
+        u"Frame2 "_s + (window.findChild<QWidget*>(u"Frame2"_s)->isVisible() ? u"shown"_s : u"hidden"_s));
+    return layout;
+}
+
+void MainWindowTest::expandTwiceGivesBackTheStartingLayout()
+{
+    auto window = startWindow();
+    auto* expand = window->findChild<QPushButton*>(u"Expand"_s);
+    auto* row = window->findChild<QLineEdit*>(u"Linhas_0"_s);
+    auto* frame2 = window->findChild<QWidget*>(u"Frame2"_s);
+    auto* page = window->findChild<QWidget*>(u"PageView"_s);
+    QVERIFY(frame2->isVisible());
+    const QStringList before = pageLayout(*window);
+    const int rowWidth = row->width();
+    const int pageWidth = page->width();
+
+    expand->click();
+    QVERIFY(!frame2->isVisible());
+    QCOMPARE(row->width(), rowWidth + 153);
+    QCOMPARE(page->width(), pageWidth + 200);
+    QVERIFY(pageLayout(*window) != before);
+
+    expand->click();
+    QVERIFY(frame2->isVisible());
+    QCOMPARE(pageLayout(*window), before);
+    QVERIFY(m_prompts->messages.isEmpty());
+}
+
+void MainWindowTest::aClickOnAPageSideKeepsTheSideForTheBackgroundDialog()
+{
+    auto window = startWindow();
+    QTest::mouseClick(window->findChild<QWidget*>(u"Picture2"_s), Qt::LeftButton, {}, QPoint(4, 4));
+    QCOMPARE(window->side(), 2);
+    QTest::mouseClick(window->findChild<QWidget*>(u"Linhas_2"_s), Qt::LeftButton);
+    QCOMPARE(window->side(), 2);
+    QTest::mouseClick(window->findChild<QWidget*>(u"Picture1"_s), Qt::LeftButton, {}, QPoint(4, 4));
+    QCOMPARE(window->side(), 1);
+    QTest::mouseClick(window->findChild<QWidget*>(u"LinhasVerso_2"_s), Qt::LeftButton);
+    QCOMPARE(window->side(), 1);
+}
+
+void MainWindowTest::pageKeysTurnThePages()
+{
+    auto window = startWindow();
+    window->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(window.get()));
+    auto* page = window->findChild<QLabel*>(u"Page"_s);
+    auto* row = window->findChild<QLineEdit*>(u"Linhas_4"_s);
+    row->setFocus();
+    QTest::keyClick(row, Qt::Key_PageDown);
+    QCOMPARE(page->text(), u"2"_s);
+    // The focus went to the button, as with a click, so that the row was left first.
+    QCOMPARE(QApplication::focusWidget()->objectName(), u"Command15"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown);
+    QCOMPARE(page->text(), u"3"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageUp);
+    QCOMPARE(page->text(), u"2"_s);
+
+    // The catalogue keeps Page Up and Page Down for its list; with Ctrl they turn the page from there too.
+    auto* list = window->findChild<QListWidget*>(u"Lista_plus"_s);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_PageDown);
+    QCOMPARE(page->text(), u"2"_s);
+    QTest::keyClick(list, Qt::Key_PageDown, Qt::ControlModifier);
+    QCOMPARE(page->text(), u"3"_s);
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(page->text(), u"2"_s);
 }
 
 QTEST_MAIN(MainWindowTest)

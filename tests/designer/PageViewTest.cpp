@@ -3,6 +3,7 @@
 #include "designer/PictureBox.h"
 #include "document/MenuDocument.h"
 #include "support/SampleDocuments.h"
+#include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
 
 #include <QDateTime>
@@ -66,6 +67,7 @@ private:
 
     std::unique_ptr<TestWorkingRoot> m_root;
     std::unique_ptr<MenuDocument> m_document;
+    ScriptedPrompts m_prompts;
     std::unique_ptr<PageView> m_view;
 };
 
@@ -75,7 +77,7 @@ void PageViewTest::init()
     m_document = std::make_unique<MenuDocument>();
     m_document->ProjectFolder = m_root->path() + QStringLiteral("/project/");
     QVERIFY(QDir().mkpath(m_document->ProjectFolder));
-    m_view = std::make_unique<PageView>(*m_document);
+    m_view = std::make_unique<PageView>(*m_document, m_prompts);
 }
 
 void PageViewTest::cleanup()
