@@ -66,8 +66,6 @@ private slots:
     void aFaultInAPageCommandIsShownAndChangesNothing();
     void moveUpPullsTheRowsBelowUpOverTheRow();
     void moveDownPushesTheRowsDownAndLeavesTheBackText();
-    void movingTheLastRowOnlyUnbindsIt_data();
-    void movingTheLastRowOnlyUnbindsIt();
     void deleteLeavesAnEmptyProductRowAndEscapeLeavesAll();
     void clicksOnASideAskForTheBackgroundDialog();
     void expandGivesTheFrontRowsTheRoomAndTakesItBack();
@@ -256,13 +254,7 @@ void PageCommandsTest::deletePageShowsTheNextPageInItsPlace()
     click(u"DeletePage"_s);
     QCOMPARE(find<QLabel>(u"Page"_s)->text(), u"6"_s);
     QCOMPARE(shownTexts(), page7);
-    click(u"Command15"_s);
-    click(u"Command15"_s);
-    click(u"Command15"_s);
-    click(u"Command15"_s);
-    click(u"Command15"_s);
-    click(u"Command15"_s);
-    QCOMPARE(m_view->currentPage(), 12);
+    draw(12);
     click(u"Command15"_s); // page 13 now holds what was on page 14
     QCOMPARE(shown(u"Linhas", 2), product(40));
 
@@ -340,26 +332,6 @@ void PageCommandsTest::moveDownPushesTheRowsDownAndLeavesTheBackText()
     QCOMPARE(shown(u"LinhasVerso", 6), u"Group 5"_s);
     QCOMPARE(shown(u"LinhasVerso", 7), u"Group 6"_s);
     QCOMPARE(differenceOutsidePage(*before, *m_document, FullPage), QString());
-}
-
-void PageCommandsTest::movingTheLastRowOnlyUnbindsIt_data()
-{
-    QTest::addColumn<QByteArray>("button");
-    QTest::newRow("MOVE UP") << QByteArray("Command2");
-    QTest::newRow("MOVE DOWN") << QByteArray("Command3");
-}
-
-void PageCommandsTest::movingTheLastRowOnlyUnbindsIt()
-{
-    QFETCH(QByteArray, button);
-    draw(FullPage);
-    QStringList expectedTexts = shownTexts();
-    const auto expected = std::make_unique<MenuDocument>(*m_document);
-    useRowDialog(23, button.constData());
-    expectedTexts[23].clear();
-    QCOMPARE(shownTexts(), expectedTexts);
-    expected->LinePlu[lineSlot(FullPage, 23)] = 0;
-    QCOMPARE(firstDifference(*expected, *m_document), QString());
 }
 
 void PageCommandsTest::deleteLeavesAnEmptyProductRowAndEscapeLeavesAll()
