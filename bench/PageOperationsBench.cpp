@@ -1,5 +1,6 @@
 // Page and row operations on the largest menu: every line bound, every language row filled, 10,000
 // products for the redraw to look the rows up in.
+#include "WorstCaseReporter.h"
 #include "designer/PageOperations.h"
 #include "designer/PageView.h"
 #include "designer/RowDialog.h"
@@ -112,29 +113,6 @@ BENCHMARK(DeletePageClick)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveUpClick)->Unit(benchmark::kMillisecond);
 BENCHMARK(MoveDownClick)->Unit(benchmark::kMillisecond);
 
-class BudgetReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            m_worstMs = std::max(m_worstMs, run.GetAdjustedRealTime());
-        }
-    }
-
-    void Finalize() override
-    {
-        ConsoleReporter::Finalize();
-        std::printf("\nBudget: page and row operations of the largest menu, redraw included, slowest %.2f ms "
-                    "(budget under %.0f ms): %s\n",
-            m_worstMs, BudgetMs, m_worstMs < BudgetMs ? "met" : "MISSED");
-    }
-
-private:
-    double m_worstMs = 0;
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -144,7 +122,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     theFixture = std::make_unique<Fixture>();
     benchmark::Initialize(&argc, argv);
-    BudgetReporter reporter;
+    WorstCaseReporter reporter("page and row operations of the largest menu, redraw included", BudgetMs);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
     theFixture.reset();

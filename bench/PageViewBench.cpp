@@ -1,4 +1,5 @@
 // Redrawing a page of the largest menu: every row bound, 10,000 products to look them up in.
+#include "WorstCaseReporter.h"
 #include "designer/PageView.h"
 #include "document/MenuDocument.h"
 #include "support/SampleDocuments.h"
@@ -96,29 +97,6 @@ BENCHMARK(UpdatePageSamePage)->Unit(benchmark::kMillisecond);
 BENCHMARK(UpdatePageAlternatingPages)->Unit(benchmark::kMillisecond);
 BENCHMARK(UpdatePageWithPictures)->Unit(benchmark::kMillisecond);
 
-class BudgetReporter : public benchmark::ConsoleReporter
-{
-public:
-    void ReportRuns(const std::vector<Run>& runs) override
-    {
-        ConsoleReporter::ReportRuns(runs);
-        for (const Run& run : runs) {
-            m_worstMs = std::max(m_worstMs, run.GetAdjustedRealTime());
-        }
-    }
-
-    void Finalize() override
-    {
-        ConsoleReporter::Finalize();
-        std::printf(
-            "\nBudget: Update_Page of the largest menu, slowest case %.2f ms (budget under %.0f ms): %s\n",
-            m_worstMs, BudgetMs, m_worstMs < BudgetMs ? "met" : "MISSED");
-    }
-
-private:
-    double m_worstMs = 0;
-};
-
 } // namespace
 
 int main(int argc, char** argv)
@@ -128,7 +106,7 @@ int main(int argc, char** argv)
     QApplication application(argc, argv);
     theFixture = std::make_unique<Fixture>();
     benchmark::Initialize(&argc, argv);
-    BudgetReporter reporter;
+    WorstCaseReporter reporter("Update_Page of the largest menu", BudgetMs);
     benchmark::RunSpecifiedBenchmarks(&reporter);
     benchmark::Shutdown();
     theFixture.reset();

@@ -69,7 +69,12 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     guarded([this] { startUp(); });
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    // Closing the window while it is destroyed takes the focus off a row, which would commit the row
+    // into a document that is already gone: the row handlers go first.
+    delete m_rowHandlers;
+}
 
 template<typename Work>
 void MainWindow::guarded(Work&& work)
@@ -100,9 +105,9 @@ void MainWindow::buildPanels()
             + m_modifiers->sizeHint().width() + frame,
         m_pageView->sizeHint().height() + 3 * frame);
     resize(wanted.boundedTo(screen()->availableGeometry().size()));
-    auto* rows = new RowHandlers(m_document, m_prompts, *m_pageView, *m_catalogue, *m_modifiers, this);
-    connect(rows, &RowHandlers::lineEditorRequested, this, &MainWindow::openLineEditor);
-    connect(rows, &RowHandlers::groupTitleEditorRequested, this, &MainWindow::openGroupTitleEditor);
+    m_rowHandlers = new RowHandlers(m_document, m_prompts, *m_pageView, *m_catalogue, *m_modifiers, this);
+    connect(m_rowHandlers, &RowHandlers::lineEditorRequested, this, &MainWindow::openLineEditor);
+    connect(m_rowHandlers, &RowHandlers::groupTitleEditorRequested, this, &MainWindow::openGroupTitleEditor);
     const auto refresh = [this] { guarded([this] { Refresh_Page(); }); };
     connect(m_catalogue, &CataloguePanel::refreshRequested, this, refresh);
     connect(m_modifiers, &ModifierPanel::refreshRequested, this, refresh);

@@ -73,6 +73,7 @@ private:
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;
     ModifierPanel* m_modifiers = nullptr;
+    RowHandlers* m_rowHandlers = nullptr;
     LineEditRequest m_lineEditRequest;
     int m_groupTitleRow = -1;
     QString m_groupTitleText;
