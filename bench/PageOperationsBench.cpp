@@ -8,12 +8,9 @@
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 
-#include <QApplication>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -117,14 +114,6 @@ BENCHMARK(MoveDownClick)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    // The view needs an application, not a screen.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    theFixture = std::make_unique<Fixture>();
-    benchmark::Initialize(&argc, argv);
-    WorstCaseReporter reporter("page and row operations of the largest menu, redraw included", BudgetMs);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    theFixture.reset();
-    return 0;
+    return runWidgetBenchmarks(
+        argc, argv, theFixture, "page and row operations of the largest menu, redraw included", BudgetMs);
 }

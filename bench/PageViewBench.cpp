@@ -5,13 +5,10 @@
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 
-#include <QApplication>
 #include <QImage>
 #include <QTemporaryDir>
 
-#include <algorithm>
 #include <benchmark/benchmark.h>
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -70,7 +67,7 @@ void UpdatePageSamePage(benchmark::State& state)
 }
 
 // Paging back and forth: every row changes its text, price and colours on every redraw.
-void UpdatePageAlternatingPages(benchmark::State& state)
+void alternatePages(benchmark::State& state)
 {
     PageView& view = fixture().view;
     int page = 6;
@@ -81,16 +78,15 @@ void UpdatePageAlternatingPages(benchmark::State& state)
     }
 }
 
+void UpdatePageAlternatingPages(benchmark::State& state)
+{
+    alternatePages(state);
+}
+
 void UpdatePageWithPictures(benchmark::State& state)
 {
     fixture().addPictures();
-    PageView& view = fixture().view;
-    int page = 6;
-    for (auto _ : state) {
-        page = page == 6 ? 7 : 6;
-        view.setCurrentPage(page);
-        view.Update_Page();
-    }
+    alternatePages(state);
 }
 
 BENCHMARK(UpdatePageSamePage)->Unit(benchmark::kMillisecond);
@@ -101,14 +97,5 @@ BENCHMARK(UpdatePageWithPictures)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv)
 {
-    // The view needs an application, not a screen.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argc, argv);
-    theFixture = std::make_unique<Fixture>();
-    benchmark::Initialize(&argc, argv);
-    WorstCaseReporter reporter("Update_Page of the largest menu", BudgetMs);
-    benchmark::RunSpecifiedBenchmarks(&reporter);
-    benchmark::Shutdown();
-    theFixture.reset();
-    return 0;
+    return runWidgetBenchmarks(argc, argv, theFixture, "Update_Page of the largest menu", BudgetMs);
 }

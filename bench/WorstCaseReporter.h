@@ -1,8 +1,11 @@
 #pragma once
 
+#include <QApplication>
+
 #include <algorithm>
 #include <benchmark/benchmark.h>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -35,3 +38,21 @@ private:
     double m_budgetMs;
     double m_worstMs = 0;
 };
+
+// Runs the registered benchmarks in an offscreen application (the views need one, not a screen),
+// with the fixture made once the application exists and gone before it goes, and reports the
+// slowest run against the budget.
+template<typename Fixture>
+int runWidgetBenchmarks(
+    int argc, char** argv, std::unique_ptr<Fixture>& fixture, std::string what, double budgetMs)
+{
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argc, argv);
+    fixture = std::make_unique<Fixture>();
+    benchmark::Initialize(&argc, argv);
+    WorstCaseReporter reporter(std::move(what), budgetMs);
+    benchmark::RunSpecifiedBenchmarks(&reporter);
+    benchmark::Shutdown();
+    fixture.reset();
+    return 0;
+}
