@@ -47,12 +47,14 @@ public:
         }
     }
 
-    std::int32_t openPort()
+    // Orders arrive only on a port opened for listening.
+    std::int32_t openPort(bool listening)
     {
         const QMutexLocker lock(&m_mutex);
         const std::int32_t result = qEnvironmentVariableIntValue("DRAVLINK_SIM_INIT_RESULT");
         m_portOpen = result <= 0;
-        if (m_portOpen) {
+        m_orders.clear();
+        if (m_portOpen && listening) {
             readOrders();
         }
         return result;
@@ -91,9 +93,9 @@ private:
 
     void readOrders()
     {
-        m_orders.clear();
-        QFile file(qEnvironmentVariable("DRAVLINK_SIM_ORDERS"));
-        if (!file.open(QIODevice::ReadOnly)) {
+        const QString path = qEnvironmentVariable("DRAVLINK_SIM_ORDERS");
+        QFile file(path);
+        if (path.isEmpty() || !file.open(QIODevice::ReadOnly)) {
             return;
         }
         while (!file.atEnd()) {
@@ -151,7 +153,7 @@ extern "C" {
 Q_DECL_EXPORT std::int32_t menu_init(std::int32_t port, std::int32_t mode, std::int32_t flag)
 {
     record("menu_init", { port, mode, flag }, true);
-    return simulator().openPort();
+    return simulator().openPort(false);
 }
 
 Q_DECL_EXPORT std::int32_t radio_make_tree_mkdir(const char* name)
@@ -221,7 +223,7 @@ Q_DECL_EXPORT std::int32_t menu_close()
 Q_DECL_EXPORT std::int32_t radio_init(std::int32_t port, std::int32_t mode, std::int32_t flag)
 {
     record("radio_init", { port, mode, flag }, true);
-    return simulator().openPort();
+    return simulator().openPort(true);
 }
 
 Q_DECL_EXPORT std::int32_t menu_receive(char* pluFields, char* qtyFields, std::int32_t* terminal,

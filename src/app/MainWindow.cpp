@@ -9,6 +9,8 @@
 #include "document/Project.h"
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
+#include "link/DravlinkLibrary.h"
+#include "link/SendDialog.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -56,6 +58,7 @@ private:
 MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     : QMainWindow(parent)
     , m_prompts(prompts)
+    , m_link(std::make_unique<DravlinkLibrary>())
     , m_timer1(new QTimer(this))
 {
     setObjectName(QStringLiteral("MainWindow"));
@@ -141,7 +144,7 @@ void MainWindow::buildMenuBar()
     addMenuItem(import, QStringLiteral("ImportCSV"), QStringLiteral("Import From &CSV"));
 
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
-    addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"));
+    addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"), &MainWindow::SendAll_Click);
     addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"));
     addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"));
 }
@@ -256,6 +259,24 @@ void MainWindow::openGroupTitleEditor(int row, const QString& backText)
 {
     m_groupTitleRow = row;
     m_groupTitleText = backText;
+}
+
+// The working copy is what was sent last: the import of the last sent products reads it back.
+void MainWindow::SendAll_Click()
+{
+    guarded([this] {
+        {
+            const BusyCursor busy;
+            WorkingCopy::save(m_document);
+        }
+        if (!m_sendDialog) {
+            m_sendDialog = new SendDialog(m_document, *m_link, m_prompts, this);
+            m_sendDialog->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        m_sendDialog->show();
+        m_sendDialog->raise();
+        m_sendDialog->activateWindow();
+    });
 }
 
 void MainWindow::Exit_Click()

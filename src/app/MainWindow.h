@@ -4,12 +4,17 @@
 #include "document/MenuDocument.h"
 
 #include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
 
 class CataloguePanel;
 class ModifierPanel;
 class PageView;
 class QAction;
 class QTimer;
+class RadioLink;
+class SendDialog;
 class UserPrompts;
 
 // The designer's main window: the catalogue, the current page and the modifier lists, with the menu
@@ -42,6 +47,7 @@ public slots:
     void Save_Click();
     void New_Click();
     void Exit_Click();
+    void SendAll_Click();
     // Where a click on a page side ends: the side is kept for the Background effects dialog.
     void showBackgroundEffects(int side);
 
@@ -69,6 +75,8 @@ private:
 
     UserPrompts& m_prompts;
     MenuDocument m_document;
+    std::unique_ptr<RadioLink> m_link;
+    QPointer<SendDialog> m_sendDialog;
     QTimer* m_timer1;
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;

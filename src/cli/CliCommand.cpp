@@ -1,5 +1,8 @@
 #include "CliCommand.h"
 
+#include "document/ComponentFiles.h"
+#include "document/MenuDocument.h"
+
 #include <cstdio>
 
 CommandParser::CommandParser(const QString& command, const QString& description)
@@ -33,6 +36,22 @@ bool CommandParser::parse(const QStringList& arguments)
                            .arg(given.size()));
     }
     return true;
+}
+
+QString CommandParser::requiredValue(const QString& option) const
+{
+    if (!m_parser.isSet(option)) {
+        throw CliError(QStringLiteral("%1: --%2 is required; see '%1 --help'").arg(m_command, option));
+    }
+    return m_parser.value(option);
+}
+
+void loadComponentFiles(MenuDocument& document, const QString& prefix)
+{
+    document.FilePrefix = prefix;
+    if (ComponentFiles::load(document) == 0) {
+        throw CliError(QStringLiteral("no component files found under '%1'").arg(prefix));
+    }
 }
 
 void printToStderr(const QString& line)

@@ -31,12 +31,21 @@ public:
     bool parse(const QStringList& arguments);
 
     QString positional(int index) const { return m_parser.positionalArguments().at(index); }
+    bool isSet(const QString& option) const { return m_parser.isSet(option); }
+    // The value of an option the command cannot do without; throws CliError when it was not given.
+    QString requiredValue(const QString& option) const;
 
 private:
     QString m_command;
     QCommandLineParser m_parser;
     QStringList m_positionalNames;
 };
+
+class MenuDocument;
+
+// Loads the component files under the prefix into the document, which starts as a fresh one does.
+// Throws CliError when there are none.
+void loadComponentFiles(MenuDocument& document, const QString& prefix);
 
 // Messages that a window would show in a box, for standard error.
 void printToStderr(const QString& line);

@@ -17,10 +17,7 @@ int runResave(const QStringList& arguments)
     }
 
     MenuDocument document;
-    document.FilePrefix = parser.positional(0);
-    if (ComponentFiles::load(document) == 0) {
-        throw CliError(QStringLiteral("no component files found under '%1'").arg(document.FilePrefix));
-    }
+    loadComponentFiles(document, parser.positional(0));
     document.FilePrefix = parser.positional(1);
     const QStringList failed = ComponentFiles::save(document);
     if (!failed.isEmpty()) {

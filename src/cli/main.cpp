@@ -1,5 +1,6 @@
 #include "CliCommand.h"
 #include "ResaveCommand.h"
+#include "SendCommand.h"
 #include "document/Fault.h"
 
 #include <QCoreApplication>
@@ -18,6 +19,7 @@ struct Command
 
 const Command Commands[] = {
     { "resave", "load a project's component files and write them under another prefix", runResave },
+    { "send", "send a project's menu to the terminals through the radio link", runSend },
 };
 
 void printUsage()

@@ -162,6 +162,8 @@ public:
     QString PagesVersion = QStringLiteral("0");
     QString FilePrefix;
     QString ProjectFolder;
+    // Terminals with old firmware know one language; set from the Send dialog, not stored in files.
+    bool OldFirmware = false;
 
     // The first index 0 to PluCount whose Code has the value n; 0 when there is none, so an absent
     // number cannot be told from the first product. The scan reaches one past the last product in use.

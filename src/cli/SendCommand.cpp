@@ -1,0 +1,42 @@
+#include "SendCommand.h"
+
+#include "CliCommand.h"
+#include "document/MenuDocument.h"
+#include "document/WorkingCopy.h"
+#include "link/DravlinkLibrary.h"
+#include "link/MenuTransmission.h"
+#include "link/PortSetting.h"
+
+int runSend(const QStringList& arguments)
+{
+    CommandParser parser(QStringLiteral("send"),
+        QStringLiteral("Loads the component files under PREFIX, keeps them as the working copy (the "
+                       "products sent last) and sends the whole menu through the radio link."));
+    parser.addPositional(QStringLiteral("PREFIX"), QStringLiteral("Prefix of the files to send"));
+    parser.addOption({ QStringLiteral("port"), QStringLiteral("Serial port number of the radio link."),
+        QStringLiteral("N") });
+    parser.addOption({ QStringLiteral("thirteen-pages"),
+        QStringLiteral("Keys follow pages 1 to 13 as they are (\"13 Pages from 1 - 13\").") });
+    parser.addOption({ QStringLiteral("old-firmware"),
+        QStringLiteral("Send the first language only (\"Old firmware without language option\").") });
+    if (!parser.parse(arguments)) {
+        return 0;
+    }
+    const QString portText = parser.requiredValue(QStringLiteral("port"));
+
+    MenuDocument document;
+    loadComponentFiles(document, parser.positional(0));
+    WorkingCopy::save(document);
+    PortSetting::save(portText);
+    document.OldFirmware = parser.isSet(QStringLiteral("old-firmware"));
+    const MenuTransmission transmission(document, { parser.isSet(QStringLiteral("thirteen-pages")), {}, {} });
+    DravlinkLibrary link;
+    const std::int32_t port = PortSetting::portNumber(portText);
+    if (const std::int32_t opened = transmission.send(link, port); opened > 0) {
+        throw CliError(
+            QStringLiteral("the radio link did not open port %1 (it answered %2); nothing was sent")
+                .arg(port)
+                .arg(opened));
+    }
+    return 0;
+}
