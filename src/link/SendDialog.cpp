@@ -31,6 +31,7 @@ SendDialog::SendDialog(MenuDocument& document, RadioLink& link, UserPrompts& pro
 
     m_port->setObjectName(QStringLiteral("Text2"));
     m_port->setToolTip(tr("Number of the serial port the radio link is attached to"));
+    m_port->setPlaceholderText(tr("e.g. 3"));
     m_thirteenPages->setObjectName(QStringLiteral("Check1"));
     m_thirteenPages->setToolTip(
         tr("Keys follow the pages 1 to 13 as they are, without moving the last pages"));
