@@ -10,6 +10,7 @@
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
 #include "link/DravlinkLibrary.h"
+#include "link/RunShell.h"
 #include "link/SendDialog.h"
 
 #include <QApplication>
@@ -51,6 +52,31 @@ public:
 
 private:
     QTimer* m_timer;
+};
+
+// Holds the command back while its tool runs, so that it cannot be started twice, and says on the status
+// bar what the designer waits for.
+class UpgradeToolWait
+{
+public:
+    UpgradeToolWait(QAction* command, QStatusBar* statusBar)
+        : m_command(command)
+        , m_statusBar(statusBar)
+    {
+        m_command->setEnabled(false);
+        m_statusBar->showMessage(MainWindow::tr("Waiting for the firmware upgrade tool to finish"));
+    }
+    ~UpgradeToolWait()
+    {
+        m_statusBar->clearMessage();
+        m_command->setEnabled(true);
+    }
+    UpgradeToolWait(const UpgradeToolWait&) = delete;
+    UpgradeToolWait& operator=(const UpgradeToolWait&) = delete;
+
+private:
+    QAction* m_command;
+    QStatusBar* m_statusBar;
 };
 
 } // namespace
@@ -146,7 +172,8 @@ void MainWindow::buildMenuBar()
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
     addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"), &MainWindow::SendAll_Click);
     addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"));
-    addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"));
+    addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"),
+        &MainWindow::UpgradeFirmware_Click);
 }
 
 // An item without a handler yet is shown disabled.
@@ -282,6 +309,17 @@ void MainWindow::SendAll_Click()
 void MainWindow::Exit_Click()
 {
     guarded([this] { close(); });
+}
+
+void MainWindow::UpgradeFirmware_Click()
+{
+    guarded([this] {
+        const UpgradeToolWait wait(findChild<QAction*>(QStringLiteral("UpgradeFirmware")), statusBar());
+        // Quoted, so that a designer installed in a folder with blanks finds its tool. The tool reports its
+        // own outcome to the user; its exit code is not acted on.
+        RunShell(
+            QString(u'"' + QCoreApplication::applicationDirPath() + QStringLiteral("/UpgradeOrvik.exe\"")));
+    });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

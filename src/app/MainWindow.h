@@ -48,6 +48,8 @@ public slots:
     void New_Click();
     void Exit_Click();
     void SendAll_Click();
+    // Runs the firmware upgrade tool beside the designer and waits for it to end.
+    void UpgradeFirmware_Click();
     // Where a click on a page side ends: the side is kept for the Background effects dialog.
     void showBackgroundEffects(int side);
 
