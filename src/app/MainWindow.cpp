@@ -9,6 +9,8 @@
 #include "document/Project.h"
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
+#include "link/DravlinkLibrary.h"
+#include "link/ReceptionWindow.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,6 +59,7 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     : QMainWindow(parent)
     , m_prompts(prompts)
     , m_timer1(new QTimer(this))
+    , m_link(std::make_unique<DravlinkLibrary>())
 {
     setObjectName(QStringLiteral("MainWindow"));
     buildPanels();
@@ -74,6 +77,8 @@ MainWindow::~MainWindow()
     // Closing the window while it is destroyed takes the focus off a row, which would commit the row
     // into a document that is already gone: the row handlers go first.
     delete m_rowHandlers;
+    // The reception window works on the link, which goes with the members before the child windows.
+    delete m_receptionWindow;
 }
 
 template<typename Work>
@@ -142,7 +147,7 @@ void MainWindow::buildMenuBar()
 
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
     addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"));
-    addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"));
+    addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"), &MainWindow::Receive_Click);
     addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"));
 }
 
@@ -261,6 +266,20 @@ void MainWindow::openGroupTitleEditor(int row, const QString& backText)
 void MainWindow::Exit_Click()
 {
     guarded([this] { close(); });
+}
+
+// One reception window at a time; asking again brings it to the front.
+void MainWindow::Receive_Click()
+{
+    guarded([this] {
+        if (!m_receptionWindow) {
+            m_receptionWindow = new ReceptionWindow(*m_link, m_prompts, this);
+            m_receptionWindow->setAttribute(Qt::WA_DeleteOnClose);
+        }
+        m_receptionWindow->show();
+        m_receptionWindow->raise();
+        m_receptionWindow->activateWindow();
+    });
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

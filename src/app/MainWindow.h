@@ -4,12 +4,17 @@
 #include "document/MenuDocument.h"
 
 #include <QMainWindow>
+#include <QPointer>
+
+#include <memory>
 
 class CataloguePanel;
 class ModifierPanel;
 class PageView;
 class QAction;
 class QTimer;
+class RadioLink;
+class ReceptionWindow;
 class UserPrompts;
 
 // The designer's main window: the catalogue, the current page and the modifier lists, with the menu
@@ -42,6 +47,7 @@ public slots:
     void Save_Click();
     void New_Click();
     void Exit_Click();
+    void Receive_Click();
     // Where a click on a page side ends: the side is kept for the Background effects dialog.
     void showBackgroundEffects(int side);
 
@@ -78,4 +84,6 @@ private:
     int m_groupTitleRow = -1;
     QString m_groupTitleText;
     int m_side = 1;
+    std::unique_ptr<RadioLink> m_link;
+    QPointer<ReceptionWindow> m_receptionWindow;
 };

@@ -31,6 +31,8 @@ public:
     bool parse(const QStringList& arguments);
 
     QString positional(int index) const { return m_parser.positionalArguments().at(index); }
+    bool isSet(const QString& option) const { return m_parser.isSet(option); }
+    QString value(const QString& option) const { return m_parser.value(option); }
 
 private:
     QString m_command;

@@ -1,4 +1,5 @@
 #include "CliCommand.h"
+#include "ReceiveCommand.h"
 #include "ResaveCommand.h"
 #include "document/Fault.h"
 
@@ -18,6 +19,7 @@ struct Command
 
 const Command Commands[] = {
     { "resave", "load a project's component files and write them under another prefix", runResave },
+    { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
 };
 
 void printUsage()

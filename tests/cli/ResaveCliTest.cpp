@@ -1,33 +1,12 @@
+#include "CliRun.h"
 #include "document/ComponentFiles.h"
 #include "support/QtPrinters.h"
 #include "support/SampleDocuments.h"
 #include "support/TestWorkingRoot.h"
 
-#include <QProcess>
-
 #include <gtest/gtest.h>
 
 namespace {
-
-struct CliRun
-{
-    int exitCode = -1;
-    QString out;
-    QString err;
-};
-
-CliRun runCli(const QStringList& arguments)
-{
-    QProcess process;
-    process.start(QStringLiteral(QUORVEL_CLI_PATH), arguments);
-    if (!process.waitForFinished(60000)) {
-        process.kill();
-        process.waitForFinished();
-    }
-    return { process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1,
-        QString::fromLocal8Bit(process.readAllStandardOutput()),
-        QString::fromLocal8Bit(process.readAllStandardError()) };
-}
 
 class ResaveCliTest : public ::testing::Test
 {
