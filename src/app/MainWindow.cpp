@@ -10,6 +10,7 @@
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
 #include "link/DravlinkLibrary.h"
+#include "link/ReceptionWindow.h"
 #include "link/RunShell.h"
 #include "link/SendDialog.h"
 
@@ -103,6 +104,8 @@ MainWindow::~MainWindow()
     // Closing the window while it is destroyed takes the focus off a row, which would commit the row
     // into a document that is already gone: the row handlers go first.
     delete m_rowHandlers;
+    // The reception window works on the link, which goes with the members before the child windows.
+    delete m_receptionWindow;
 }
 
 template<typename Work>
@@ -171,7 +174,7 @@ void MainWindow::buildMenuBar()
 
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
     addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"), &MainWindow::SendAll_Click);
-    addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"));
+    addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"), &MainWindow::Receive_Click);
     addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"),
         &MainWindow::UpgradeFirmware_Click);
 }
@@ -296,13 +299,7 @@ void MainWindow::SendAll_Click()
             const BusyCursor busy;
             WorkingCopy::save(m_document);
         }
-        if (!m_sendDialog) {
-            m_sendDialog = new SendDialog(m_document, *m_link, m_prompts, this);
-            m_sendDialog->setAttribute(Qt::WA_DeleteOnClose);
-        }
-        m_sendDialog->show();
-        m_sendDialog->raise();
-        m_sendDialog->activateWindow();
+        showOnce(m_sendDialog, [this] { return new SendDialog(m_document, *m_link, m_prompts, this); });
     });
 }
 
@@ -320,6 +317,26 @@ void MainWindow::UpgradeFirmware_Click()
         RunShell(
             QString(u'"' + QCoreApplication::applicationDirPath() + QStringLiteral("/UpgradeOrvik.exe\"")));
     });
+}
+
+void MainWindow::Receive_Click()
+{
+    guarded([this] {
+        showOnce(m_receptionWindow, [this] { return new ReceptionWindow(*m_link, m_prompts, this); });
+    });
+}
+
+// One window of a kind at a time; asking again brings it to the front. It is deleted when closed.
+template<typename Window, typename Make>
+void MainWindow::showOnce(QPointer<Window>& window, Make&& make)
+{
+    if (!window) {
+        window = make();
+        window->setAttribute(Qt::WA_DeleteOnClose);
+    }
+    window->show();
+    window->raise();
+    window->activateWindow();
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

@@ -15,6 +15,7 @@ class QAction;
 class QTimer;
 class RadioLink;
 class SendDialog;
+class ReceptionWindow;
 class UserPrompts;
 
 // The designer's main window: the catalogue, the current page and the modifier lists, with the menu
@@ -50,6 +51,7 @@ public slots:
     void SendAll_Click();
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
     void UpgradeFirmware_Click();
+    void Receive_Click();
     // Where a click on a page side ends: the side is kept for the Background effects dialog.
     void showBackgroundEffects(int side);
 
@@ -74,11 +76,14 @@ private:
 
     template<typename Work>
     void guarded(Work&& work);
+    template<typename Window, typename Make>
+    void showOnce(QPointer<Window>& window, Make&& make);
 
     UserPrompts& m_prompts;
     MenuDocument m_document;
     std::unique_ptr<RadioLink> m_link;
     QPointer<SendDialog> m_sendDialog;
+    QPointer<ReceptionWindow> m_receptionWindow;
     QTimer* m_timer1;
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;

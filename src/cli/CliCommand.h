@@ -34,6 +34,7 @@ public:
     bool isSet(const QString& option) const { return m_parser.isSet(option); }
     // The value of an option the command cannot do without; throws CliError when it was not given.
     QString requiredValue(const QString& option) const;
+    QString value(const QString& option) const { return m_parser.value(option); }
 
 private:
     QString m_command;

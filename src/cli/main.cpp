@@ -1,4 +1,5 @@
 #include "CliCommand.h"
+#include "ReceiveCommand.h"
 #include "ResaveCommand.h"
 #include "SendCommand.h"
 #include "document/Fault.h"
@@ -20,6 +21,7 @@ struct Command
 const Command Commands[] = {
     { "resave", "load a project's component files and write them under another prefix", runResave },
     { "send", "send a project's menu to the terminals through the radio link", runSend },
+    { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
 };
 
 void printUsage()

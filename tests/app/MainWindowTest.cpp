@@ -125,8 +125,8 @@ void MainWindowTest::titleAndMenuBarAreThoseOfTheDesigner()
         QVERIFY2(action, name);
         QCOMPARE(QString(action->text()).remove(u'&'), QLatin1StringView(caption));
         const bool connected
-            = QList<QByteArray> { "Load", "Save", "New", "Exit", "SendAll", "UpgradeFirmware" }.contains(
-                name);
+            = QList<QByteArray> { "Load", "Save", "New", "Exit", "SendAll", "Receive", "UpgradeFirmware" }
+                  .contains(name);
         QCOMPARE(action->isEnabled(), connected);
     }
     QStringList menus;

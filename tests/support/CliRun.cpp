@@ -2,9 +2,10 @@
 
 #include <QProcess>
 
-CliRun runCli(const QStringList& arguments)
+CliRun runCli(const QStringList& arguments, const QProcessEnvironment& environment)
 {
     QProcess process;
+    process.setProcessEnvironment(environment);
     process.start(QStringLiteral(QUORVEL_CLI_PATH), arguments);
     if (!process.waitForFinished(60000)) {
         process.kill();

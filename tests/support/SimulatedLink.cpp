@@ -3,6 +3,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QRegularExpression>
 
 namespace {
 
@@ -48,6 +49,11 @@ QStringList SimulatedLink::calls() const
             linkCall(line.value(u"call").toString().toLatin1().constData(), line.value(u"args").toArray()));
     }
     return calls;
+}
+
+qsizetype SimulatedLink::count(const char* name) const
+{
+    return calls().filter(QRegularExpression(u'^' + QLatin1StringView(name) + u' ')).size();
 }
 
 void SimulatedLink::setInitResult(int result)

@@ -17,6 +17,8 @@ public:
 
     // The calls the library received so far, each as linkCall() writes it.
     QStringList calls() const;
+    // How many calls of the operation it received.
+    qsizetype count(const char* name) const;
 
     // What the port openings answer; above 0 means the port did not open.
     static void setInitResult(int result);

@@ -1,0 +1,57 @@
+#pragma once
+
+#include <QDialog>
+
+class QLineEdit;
+class QPlainTextEdit;
+class QPushButton;
+class QTimer;
+class RadioLink;
+class UserPrompts;
+
+namespace OrderReception {
+struct ReceivedOrder;
+}
+
+// "Reception mode test": opens the radio link's port for listening and shows each order that a
+// terminal sends, its terminal, table and products. The port is open exactly while "Close Com Port"
+// is enabled; closing the window, however it is closed, closes the port too.
+class ReceptionWindow : public QDialog
+{
+    Q_OBJECT
+
+public:
+    ReceptionWindow(RadioLink& link, UserPrompts& prompts, QWidget* parent = nullptr);
+
+public slots:
+    void Command1_Click(); // Open Com Port
+    void Command2_Click(); // Close Com Port
+    void Command3_Click(); // Close Window
+    void Timer1_Timer();
+
+    // Escape closes the window as its other ways of closing do.
+    void reject() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void buildControls();
+    QPushButton* addButton(const QString& name, const QString& caption, void (ReceptionWindow::*handler)());
+    void closePort();
+    void showPortOpen(bool open);
+    void showOrder(const OrderReception::ReceivedOrder& order);
+
+    template<typename Work>
+    void guarded(Work&& work);
+
+    RadioLink& m_link;
+    UserPrompts& m_prompts;
+    QLineEdit* m_text2 = nullptr;
+    QPushButton* m_command1 = nullptr;
+    QPushButton* m_command2 = nullptr;
+    QTimer* m_timer1 = nullptr;
+    QLineEdit* m_terminalNo = nullptr;
+    QLineEdit* m_table = nullptr;
+    QPlainTextEdit* m_plist = nullptr;
+};
