@@ -13,6 +13,8 @@
 #include "link/ReceptionWindow.h"
 #include "link/RunShell.h"
 #include "link/SendDialog.h"
+#include "texts/TranslationServiceDialog.h"
+#include "texts/TranslationTestDialog.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -162,6 +164,10 @@ void MainWindow::buildMenuBar()
     file->addSeparator();
     addMenuItem(file, QStringLiteral("Print"), QStringLiteral("&Print"), nullptr, QKeySequence::Print);
     addMenuItem(file, QStringLiteral("Colors"), QStringLiteral("&Colors"));
+    addMenuItem(file, QStringLiteral("TranslationService"), QStringLiteral("&Translation Service..."),
+        &MainWindow::TranslationService_Click);
+    addMenuItem(file, QStringLiteral("TestTranslation"), QStringLiteral("T&est Translation..."),
+        &MainWindow::TestTranslation_Click);
     file->addSeparator();
     addMenuItem(
         file, QStringLiteral("Exit"), QStringLiteral("E&xit"), &MainWindow::Exit_Click, QKeySequence::Quit);
@@ -324,6 +330,16 @@ void MainWindow::Receive_Click()
     guarded([this] {
         showOnce(m_receptionWindow, [this] { return new ReceptionWindow(*m_link, m_prompts, this); });
     });
+}
+
+void MainWindow::TranslationService_Click()
+{
+    guarded([this] { TranslationServiceDialog(this).exec(); });
+}
+
+void MainWindow::TestTranslation_Click()
+{
+    guarded([this] { TranslationTestDialog(m_prompts, this).exec(); });
 }
 
 // One window of a kind at a time; asking again brings it to the front. It is deleted when closed.

@@ -52,6 +52,8 @@ public slots:
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
     void UpgradeFirmware_Click();
     void Receive_Click();
+    void TranslationService_Click();
+    void TestTranslation_Click();
     // Where a click on a page side ends: the side is kept for the Background effects dialog.
     void showBackgroundEffects(int side);
 

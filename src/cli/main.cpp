@@ -2,6 +2,7 @@
 #include "ReceiveCommand.h"
 #include "ResaveCommand.h"
 #include "SendCommand.h"
+#include "TranslateCommand.h"
 #include "document/Fault.h"
 
 #include <QCoreApplication>
@@ -22,6 +23,7 @@ const Command Commands[] = {
     { "resave", "load a project's component files and write them under another prefix", runResave },
     { "send", "send a project's menu to the terminals through the radio link", runSend },
     { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
+    { "translate", "translate a text through the web translation service", runTranslate },
 };
 
 void printUsage()

@@ -1,0 +1,24 @@
+#include "CliPrompts.h"
+
+#include "CliCommand.h"
+
+void CliPrompts::showMessage(const QString& text)
+{
+    printToStderr(QStringLiteral("quorvel-cli: ") + text);
+    ++m_messagesShown;
+}
+
+QString CliPrompts::askText(const QString&)
+{
+    return {};
+}
+
+QString CliPrompts::askOpenFile(const QString&)
+{
+    return {};
+}
+
+QString CliPrompts::askSaveFile(const QString&)
+{
+    return {};
+}

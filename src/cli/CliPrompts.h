@@ -1,0 +1,20 @@
+#pragma once
+
+#include "app/UserPrompts.h"
+
+// The prompts of a program without a window: each message goes to standard error as one line, and
+// nobody is there to answer a question, so every question is cancelled.
+class CliPrompts : public UserPrompts
+{
+public:
+    void showMessage(const QString& text) override;
+    QString askText(const QString& title) override;
+    QString askOpenFile(const QString& preset) override;
+    QString askSaveFile(const QString& preset) override;
+
+    // A message means the operation did not do what was asked.
+    int messagesShown() const { return m_messagesShown; }
+
+private:
+    int m_messagesShown = 0;
+};

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "Translator.h"
+
+#include <QString>
+#include <QUrl>
+
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class QNetworkAccessManager;
+class UserPrompts;
+
+// Translates through the web translation service's result page: one blocking GET per text, the
+// translated text cut out of the page's HTML and its entities and character references decoded.
+// While a page is fetched the windows keep painting but take no input.
+class WebTranslationClient : public Translator
+{
+public:
+    using ConnectionCheck = std::function<bool(const QUrl& service)>;
+
+    explicit WebTranslationClient(
+        UserPrompts& prompts, std::chrono::milliseconds timeLimit = std::chrono::seconds(20));
+    ~WebTranslationClient() override;
+    WebTranslationClient(const WebTranslationClient&) = delete;
+    WebTranslationClient& operator=(const WebTranslationClient&) = delete;
+
+    QString TranslateUnicode(
+        const QString& text, QString& sourceLanguage, const QString& targetLanguage) override;
+
+    // What the service gave for the last call, before its entities were decoded.
+    const QString& lastRawResult() const { return m_lastRawResult; }
+
+    // Replaces the check of the machine's internet connection.
+    void setConnectionCheck(ConnectionCheck check) { m_hasConnection = std::move(check); }
+
+    // The raw result for the text, or "Error" / "error" after telling the user why there is none.
+    QString RequestTranslation(
+        const QString& text, const QString& sourceLanguage, const QString& targetLanguage);
+
+    // The page's text as windows-1252; on a network failure or after the time limit, what was read.
+    QString DownloadPage(const QString& address);
+
+    // The service's code of a language name: names of one or two characters are codes already,
+    // names not known become "auto".
+    static QString languageCode(const QString& name);
+
+    // Targets written in another script are reached from Dutch, whatever the source really is.
+    static void checknChangeToDuche(const QString& targetLanguage, QString& sourceLanguage);
+
+    // Cuts the translated text out of the result page. Returns the 1-based position of the marker
+    // before the text when it was cut, -1 when the closing marker was not found, 0 when an earlier
+    // marker was not found; the result is left empty unless text was cut.
+    static int ExtractResultText(const QString& page, QString& result);
+
+    static void DecodeHtmlEntities(QString& text);
+
+    // "&65;&66; " style codes for every character but the last; blanks stay as they are.
+    static QString GetAscwValues(const QString& text);
+
+    // Turns "<233>" style tokens into their characters. Raises TypeFault for a token that is not a
+    // number.
+    static void replaceCharacterCodes(QString& text);
+
+private:
+    UserPrompts& m_prompts;
+    std::chrono::milliseconds m_timeLimit;
+    ConnectionCheck m_hasConnection;
+    std::unique_ptr<QNetworkAccessManager> m_network;
+    QString m_lastRawResult;
+};
