@@ -13,13 +13,17 @@
 #include "link/ReceptionWindow.h"
 #include "link/RunShell.h"
 #include "link/SendDialog.h"
+#include "texts/EditLineDialog.h"
+#include "texts/GroupTitleDialog.h"
 #include "texts/TranslationServiceDialog.h"
 #include "texts/TranslationTestDialog.h"
+#include "texts/WebTranslationClient.h"
 
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
 #include <QHBoxLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
@@ -89,6 +93,7 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     , m_prompts(prompts)
     , m_link(std::make_unique<DravlinkLibrary>())
     , m_timer1(new QTimer(this))
+    , m_translator(std::make_unique<WebTranslationClient>(prompts))
 {
     setObjectName(QStringLiteral("MainWindow"));
     buildPanels();
@@ -285,16 +290,33 @@ void MainWindow::startNewDocument()
     }
 }
 
-// The editors themselves are not part of the designer yet; what they open on is kept.
+QString MainWindow::frontRowProperty(int row, const char* name) const
+{
+    const auto* box = m_pageView->findChild<QLineEdit*>(QStringLiteral("Linhas_") + QString::number(row));
+    return box->property(name).toString();
+}
+
+// The editors write into the document as the user edits; the page shows it once they are closed.
 void MainWindow::openLineEditor(const LineEditRequest& request)
 {
-    m_lineEditRequest = request;
+    guarded([&] {
+        const LineEditing::Opening opening { m_pageView->currentPage(), request.row,
+            frontRowProperty(request.row, "text"), frontRowProperty(request.row, "tag"), request.pluNumber,
+            request.price, m_catalogue->selectedText() };
+        EditLineDialog dialog(m_document, opening, *m_catalogue, *m_translator, m_prompts, this);
+        dialog.exec();
+        Update_Page();
+    });
 }
 
 void MainWindow::openGroupTitleEditor(int row, const QString& backText)
 {
-    m_groupTitleRow = row;
-    m_groupTitleText = backText;
+    guarded([&] {
+        GroupTitleDialog dialog(
+            m_document, m_pageView->currentPage(), row, backText, *m_translator, m_prompts, this);
+        dialog.exec();
+        Update_Page();
+    });
 }
 
 // The working copy is what was sent last: the import of the last sent products reads it back.

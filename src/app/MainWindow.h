@@ -15,6 +15,7 @@ class QAction;
 class QTimer;
 class RadioLink;
 class SendDialog;
+class Translator;
 class ReceptionWindow;
 class UserPrompts;
 
@@ -35,10 +36,6 @@ public:
     void Refresh_Page();
     void Update_Page();
 
-    // The row last opened in the line editor and in the group title editor.
-    const LineEditRequest& lineEditRequest() const { return m_lineEditRequest; }
-    int groupTitleRow() const { return m_groupTitleRow; }
-    const QString& groupTitleText() const { return m_groupTitleText; }
     // The page side the Background effects dialog works on: 1 front, 2 back.
     int side() const { return m_side; }
 
@@ -75,6 +72,7 @@ private:
     void startNewDocument();
     void shutDown();
     void closeOtherWindows();
+    QString frontRowProperty(int row, const char* name) const;
 
     template<typename Work>
     void guarded(Work&& work);
@@ -91,8 +89,6 @@ private:
     PageView* m_pageView = nullptr;
     ModifierPanel* m_modifiers = nullptr;
     RowHandlers* m_rowHandlers = nullptr;
-    LineEditRequest m_lineEditRequest;
-    int m_groupTitleRow = -1;
-    QString m_groupTitleText;
+    std::unique_ptr<Translator> m_translator;
     int m_side = 1;
 };

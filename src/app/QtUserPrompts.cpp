@@ -1,6 +1,9 @@
 #include "QtUserPrompts.h"
 
+#include "appearance/ColorNumbers.h"
+
 #include <QApplication>
+#include <QColorDialog>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -62,4 +65,13 @@ QString QtUserPrompts::askSaveFile(const QString& preset)
 {
     return remembered(
         QFileDialog::getSaveFileName(m_parent, QString(), startPath(preset), nameFilter(preset)));
+}
+
+std::optional<std::int32_t> QtUserPrompts::askColor(std::int32_t initialColor)
+{
+    const QColor chosen = QColorDialog::getColor(colorOfNumber(initialColor), m_parent);
+    if (!chosen.isValid()) {
+        return std::nullopt;
+    }
+    return numberOfColor(chosen);
 }

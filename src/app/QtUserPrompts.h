@@ -14,6 +14,7 @@ public:
     QString askText(const QString& title) override;
     QString askOpenFile(const QString& preset) override;
     QString askSaveFile(const QString& preset) override;
+    std::optional<std::int32_t> askColor(std::int32_t initialColor) override;
 
 private:
     QWidget* m_parent = nullptr;

@@ -22,3 +22,8 @@ QString CliPrompts::askSaveFile(const QString&)
 {
     return {};
 }
+
+std::optional<std::int32_t> CliPrompts::askColor(std::int32_t)
+{
+    return std::nullopt;
+}

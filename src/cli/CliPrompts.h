@@ -11,6 +11,7 @@ public:
     QString askText(const QString& title) override;
     QString askOpenFile(const QString& preset) override;
     QString askSaveFile(const QString& preset) override;
+    std::optional<std::int32_t> askColor(std::int32_t initialColor) override;
 
     // A message means the operation did not do what was asked.
     int messagesShown() const { return m_messagesShown; }

@@ -11,6 +11,7 @@ class Translator
 public:
     virtual ~Translator() = default;
 
-    virtual QString TranslateUnicode(const QString& text, QString& sourceLanguage, const QString& targetLanguage)
+    virtual QString TranslateUnicode(
+        const QString& text, QString& sourceLanguage, const QString& targetLanguage)
         = 0;
 };

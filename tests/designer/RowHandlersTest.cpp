@@ -1,4 +1,5 @@
 #include "app/MainWindow.h"
+#include "support/ModalDialogDriver.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -196,22 +197,41 @@ void RowHandlersTest::enterAndDoubleClickOpenTheRowsEditors()
     m_window->Update_Page();
     list("Lista_plus")->setCurrentRow(2);
 
+    // What an editor showed, looked at while it was open.
+    QStringList shown;
+    ModalDialogDriver driver;
+    const auto showing = [&](const QStringList& names) {
+        driver.onNextDialog([&shown, names](QDialog& dialog) {
+            shown = { dialog.windowTitle() };
+            for (const QString& name : names) {
+                const auto* box = dialog.findChild<QLineEdit*>(name);
+                shown.append(box ? box->text() : dialog.findChild<QLabel*>(name)->text());
+            }
+            dialog.close();
+        });
+    };
+
+    showing({ u"Text1"_s, u"Text2"_s, u"Text3_0"_s });
     box("Linhas", 4)->setFocus();
     QTest::keyClick(box("Linhas", 4), Qt::Key_Return);
-    QCOMPARE(m_window->lineEditRequest(), (LineEditRequest { 4, u"102"_s, u"9.50"_s, 1 }));
+    QVERIFY(driver.acted());
+    QCOMPARE(shown, (QStringList { u"Edit Line"_s, u"102"_s, u"9.50"_s, u"Bitoque"_s }));
 
     // Opening a row with a new text commits it first.
+    showing({ u"Text1"_s, u"Text3_0"_s });
     QTest::keyClicks(box("Linhas", 6), u"Pudim"_s);
     QTest::mouseDClick(box("Linhas", 6), Qt::LeftButton);
-    QCOMPARE(m_window->lineEditRequest().row, 6);
-    QCOMPARE(m_window->lineEditRequest().pluNumber, u"105"_s);
+    QVERIFY(driver.acted());
+    QCOMPARE(shown, (QStringList { u"Edit Line"_s, u"105"_s, u"Pudim"_s }));
     QCOMPARE(document.Plus[4].Description, u"Pudim"_s);
 
+    showing({ u"Label1"_s });
     box("LinhasVerso", 9)->setText(u"Doces"_s);
     box("LinhasVerso", 9)->setFocus();
     QTest::keyClick(box("LinhasVerso", 9), Qt::Key_Enter);
-    QCOMPARE(m_window->groupTitleRow(), 9);
-    QCOMPARE(m_window->groupTitleText(), u"Doces"_s);
+    QVERIFY(driver.acted());
+    QVERIFY(!driver.leftOpen());
+    QCOMPARE(shown, (QStringList { u"Group Title"_s, u"Doces"_s }));
 }
 
 QTEST_MAIN(RowHandlersTest)

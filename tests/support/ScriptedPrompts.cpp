@@ -40,3 +40,13 @@ QString ScriptedPrompts::askSaveFile(const QString& preset)
     record(QStringLiteral("save: ") + preset);
     return takeAnswer(answers);
 }
+
+std::optional<std::int32_t> ScriptedPrompts::askColor(std::int32_t initialColor)
+{
+    record(QStringLiteral("color: ") + QString::number(initialColor));
+    const QString answer = takeAnswer(answers);
+    if (answer.isEmpty()) {
+        return std::nullopt;
+    }
+    return answer.toInt();
+}

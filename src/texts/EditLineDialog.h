@@ -1,0 +1,79 @@
+#pragma once
+
+#include "LineEditing.h"
+
+#include <QDialog>
+
+class CataloguePanel;
+class ColorButton;
+class LanguageArea;
+class MenuDocument;
+struct LineLayout;
+class QGroupBox;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QStackedWidget;
+class Translator;
+class UserPrompts;
+
+// "Edit Line": the kind of one line of the current page, its texts in the five languages, its colours
+// and, for a product, its code and price. Texts and colours are stored as they are edited; the kind
+// and the product binding when the dialog closes, however it is closed. Enter anywhere closes it.
+class EditLineDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    EditLineDialog(MenuDocument& document, const LineEditing::Opening& opening, CataloguePanel& catalogue,
+        Translator& translator, UserPrompts& prompts, QWidget* parent = nullptr);
+
+    void done(int result) override;
+
+public slots:
+    void Option_Click(); // Option1 to Option3
+    void Command1_Click(); // background colour
+    void Command2_Click(); // text colour
+    void Text3_Change(int row, const QString& text);
+    void Command3_Click(); // Close Window
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void buildControls();
+    QWidget* buildKindArea();
+    QWidget* buildColorArea();
+    void load();
+    void showColors();
+    void pickColor(ColorButton* button, QString LineLayout::*lineColor);
+    void showPreviews();
+    std::int32_t chosenKind() const;
+    QString previewText() const;
+    void closeOnEnterEverywhere();
+
+    template<typename Work>
+    bool guarded(Work&& work);
+
+    MenuDocument& m_document;
+    LineEditing::Opening m_opening;
+    LineEditing::Start m_start;
+    CataloguePanel& m_catalogue;
+    UserPrompts& m_prompts;
+    QRadioButton* m_option1 = nullptr;
+    QRadioButton* m_option2 = nullptr;
+    QRadioButton* m_option3 = nullptr;
+    QStackedWidget* m_frames = nullptr;
+    QGroupBox* m_frame1 = nullptr;
+    QGroupBox* m_frame2 = nullptr;
+    QGroupBox* m_frame3 = nullptr;
+    QLineEdit* m_text1 = nullptr;
+    QLineEdit* m_text2 = nullptr;
+    QLabel* m_label4 = nullptr;
+    QLabel* m_label5 = nullptr;
+    ColorButton* m_command1 = nullptr;
+    ColorButton* m_command2 = nullptr;
+    QLabel* m_label1 = nullptr;
+    LanguageArea* m_languages = nullptr;
+    bool m_writtenBack = false;
+};

@@ -1,0 +1,162 @@
+#include "LanguageArea.h"
+
+#include "TranslationSource.h"
+#include "Translator.h"
+#include "app/HandlerGuard.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGridLayout>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace {
+
+QString arrayName(const char* name, int index)
+{
+    return QLatin1StringView(name) + u'_' + QString::number(index);
+}
+
+QStringList offeredLanguages()
+{
+    return { QStringLiteral("English"), QStringLiteral("Portugues"), QStringLiteral("Espanol"),
+        QStringLiteral("Italiano"), QStringLiteral("Frances"), QStringLiteral("Deutsch") };
+}
+
+} // namespace
+
+LanguageArea::LanguageArea(MenuDocument& document, UserPrompts& prompts, Translator& translator,
+    const QString& translateAllName, QWidget* parent)
+    : QGroupBox(QStringLiteral("Languages"), parent)
+    , m_document(document)
+    , m_prompts(prompts)
+    , m_translator(translator)
+{
+    setObjectName(QStringLiteral("Frame4"));
+    auto* layout = new QGridLayout(this);
+    for (int row = 0; row < Rows; ++row) {
+        buildRow(row);
+        const Row& controls = m_rows[static_cast<std::size_t>(row)];
+        layout->addWidget(controls.Lingua, row, 0);
+        layout->addWidget(controls.Text3, row, 1);
+        layout->addWidget(controls.Command4, row, 2);
+    }
+    layout->setColumnStretch(1, 1);
+
+    m_check1 = new QCheckBox(QStringLiteral("Edit language names"), this);
+    m_check1->setObjectName(QStringLiteral("Check1"));
+    m_translateAll = new QPushButton(QStringLiteral("Translate All"), this);
+    m_translateAll->setObjectName(translateAllName);
+    m_translateAll->setAutoDefault(false);
+    layout->addWidget(m_check1, Rows, 0, 1, 2);
+    layout->addWidget(m_translateAll, Rows, 2);
+
+    connect(m_check1, &QCheckBox::toggled, this, &LanguageArea::Check1_Click);
+    connect(m_translateAll, &QPushButton::clicked, this, &LanguageArea::TranslateAll_Click);
+    Check1_Click();
+}
+
+void LanguageArea::buildRow(int index)
+{
+    Row& row = m_rows[static_cast<std::size_t>(index)];
+    row.Lingua = new QComboBox(this);
+    row.Lingua->setObjectName(arrayName("Lingua", index));
+    row.Lingua->setEditable(true);
+    row.Lingua->setInsertPolicy(QComboBox::NoInsert);
+    row.Lingua->addItems(offeredLanguages());
+    row.Text3 = new QLineEdit(this);
+    row.Text3->setObjectName(arrayName("Text3", index));
+    row.Text3->setMinimumWidth(320);
+    row.Command4 = new QPushButton(QStringLiteral("Auto"), this);
+    row.Command4->setObjectName(arrayName("Command4", index));
+    row.Command4->setAutoDefault(false);
+    connect(row.Command4, &QPushButton::clicked, this, [this, index] { Command4_Click(index); });
+}
+
+void LanguageArea::load(const Texts& texts)
+{
+    for (int row = 0; row < Rows; ++row) {
+        const Row& controls = m_rows[static_cast<std::size_t>(row)];
+        controls.Lingua->setCurrentText(m_document.LanguageTable.at(TextKey::LanguageNames, row + 1));
+        controls.Text3->setText(texts[static_cast<std::size_t>(row)]);
+    }
+    connectRows();
+}
+
+// Connected only once the rows are loaded: showing a stored text is not an edit.
+void LanguageArea::connectRows()
+{
+    for (int index = 0; index < Rows; ++index) {
+        const Row& row = m_rows[static_cast<std::size_t>(index)];
+        connect(row.Lingua, &QComboBox::currentTextChanged, this, [this, index] { Lingua_Change(index); });
+        connect(row.Text3, &QLineEdit::textChanged, this,
+            [this, index](const QString& text) { emit textChanged(index, text); });
+    }
+}
+
+QString LanguageArea::text(int row) const
+{
+    return textBox(row)->text();
+}
+
+QLineEdit* LanguageArea::textBox(int row) const
+{
+    return m_rows[static_cast<std::size_t>(row)].Text3;
+}
+
+QString LanguageArea::languageName(int row) const
+{
+    return m_rows[static_cast<std::size_t>(row)].Lingua->currentText();
+}
+
+template<typename Work>
+void LanguageArea::guarded(Work&& work)
+{
+    runGuarded(m_prompts, std::forward<Work>(work));
+}
+
+void LanguageArea::Check1_Click()
+{
+    const bool unlocked = m_check1->isChecked();
+    for (const Row& row : m_rows) {
+        row.Lingua->setEnabled(unlocked);
+    }
+}
+
+void LanguageArea::Lingua_Change(int row)
+{
+    guarded([&] { m_document.LanguageTable.at(TextKey::LanguageNames, row + 1) = languageName(row); });
+}
+
+void LanguageArea::Command4_Click(int row)
+{
+    guarded([&] { translateInto(row); });
+}
+
+// Row 0 is the line's own text: it is only ever translated on its own button.
+void LanguageArea::TranslateAll_Click()
+{
+    guarded([&] {
+        for (int row = 1; row < Rows; ++row) {
+            translateInto(row);
+        }
+    });
+}
+
+// The row is emptied first so that it can never be its own source.
+void LanguageArea::translateInto(int row)
+{
+    textBox(row)->clear();
+    QStringList names;
+    QStringList texts;
+    for (int index = 0; index < Rows; ++index) {
+        names.append(languageName(index));
+        texts.append(text(index));
+    }
+    const int source = translationSource(names, texts);
+    if (source < 0) {
+        return;
+    }
+    QString sourceLanguage = names[source];
+    textBox(row)->setText(m_translator.TranslateUnicode(texts[source], sourceLanguage, names[row]));
+}
