@@ -1,11 +1,11 @@
 #include "CataloguePanel.h"
 
+#include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
 #include "document/MenuDocument.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -284,12 +284,9 @@ void CataloguePanel::Lista_plus_DblClick()
 
 bool CataloguePanel::eventFilter(QObject* watched, QEvent* event)
 {
-    if (watched == m_list && event->type() == QEvent::KeyPress) {
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-            Lista_plus_DblClick();
-            return true;
-        }
+    if (watched == m_list && isEnterPress(event)) {
+        Lista_plus_DblClick();
+        return true;
     }
     return QWidget::eventFilter(watched, event);
 }

@@ -2,6 +2,7 @@
 
 #include "PageView.h"
 #include "RowEditing.h"
+#include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
 #include "catalogue/CataloguePanel.h"
 #include "catalogue/ModifierPanel.h"
@@ -9,7 +10,6 @@
 #include "document/NumberText.h"
 
 #include <QEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QToolButton>
 
@@ -23,15 +23,6 @@ Control* rowControl(PageView& page, const char* name, int row)
     auto* control = page.findChild<Control*>(QLatin1StringView(name) + u'_' + QString::number(row));
     Q_ASSERT(control);
     return control;
-}
-
-bool isEnter(const QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress) {
-        return false;
-    }
-    const int key = static_cast<const QKeyEvent*>(event)->key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace
@@ -82,14 +73,14 @@ bool RowHandlers::eventFilter(QObject* watched, QEvent* event)
                 Linhas_DblClick(index);
                 return true;
             default:
-                if (isEnter(event)) {
+                if (isEnterPress(event)) {
                     Linhas_Click(index);
                     Linhas_DblClick(index);
                     return true;
                 }
             }
         } else if (watched == row.LinhasVerso
-            && (event->type() == QEvent::MouseButtonDblClick || isEnter(event))) {
+            && (event->type() == QEvent::MouseButtonDblClick || isEnterPress(event))) {
             LinhasVerso_DblClick(index);
             return true;
         }

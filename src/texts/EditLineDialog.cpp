@@ -1,6 +1,7 @@
 #include "EditLineDialog.h"
 
 #include "LanguageArea.h"
+#include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
 #include "appearance/ColorButton.h"
 #include "appearance/ColorNumbers.h"
@@ -12,7 +13,6 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -45,15 +45,6 @@ QGroupBox* previewFrame(QWidget* parent, const QString& name, const QString& cap
     auto* layout = new QVBoxLayout(frame);
     layout->addWidget(preview);
     return frame;
-}
-
-bool isEnter(const QEvent* event)
-{
-    if (event->type() != QEvent::KeyPress) {
-        return false;
-    }
-    const int key = static_cast<const QKeyEvent*>(event)->key();
-    return key == Qt::Key_Return || key == Qt::Key_Enter;
 }
 
 } // namespace
@@ -300,7 +291,7 @@ void EditLineDialog::closeOnEnterEverywhere()
 
 bool EditLineDialog::eventFilter(QObject* watched, QEvent* event)
 {
-    if (isEnter(event)) {
+    if (isEnterPress(event)) {
         close();
         return true;
     }
