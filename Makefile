@@ -2,14 +2,17 @@
 # make test: the same, then every test; then the whole suite again under AddressSanitizer and
 #            UndefinedBehaviorSanitizer.
 # make bench: the benchmarks of the largest menu, in a release build.
+# make fuzz: builds the fuzz targets with clang and runs each for FUZZ_SECONDS.
 
 BUILD_DIR ?= build
 SANITIZE_DIR ?= build-sanitize
 BENCH_DIR ?= build-bench
+FUZZ_DIR ?= build-fuzz
+FUZZ_SECONDS ?= 120
 JOBS ?= $(shell nproc)
 CMAKE_CONFIGURE = cmake -G Ninja -Wno-dev
 
-.PHONY: all deps build run test test-plain test-sanitize bench format clean
+.PHONY: all deps build run test test-plain test-sanitize bench fuzz format clean
 
 all: build
 
@@ -45,8 +48,14 @@ bench: deps
 	$(BENCH_DIR)/bench/quorvel_pageops_bench
 	$(BENCH_DIR)/bench/quorvel_transmission_bench
 
+fuzz:
+	@./scripts/install-deps.sh fuzz
+	CC=clang CXX=clang++ $(CMAKE_CONFIGURE) -S . -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_FUZZ=ON
+	cmake --build $(FUZZ_DIR) -j $(JOBS)
+	./scripts/run-fuzzers.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
+
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR) $(FUZZ_DIR)

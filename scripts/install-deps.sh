@@ -1,5 +1,6 @@
 #!/bin/sh
 # Installs the Debian packages that building, running and testing Quorvel need, when any is missing.
+# With the argument "fuzz", also those that the fuzz targets need.
 set -eu
 
 PACKAGES="
@@ -9,6 +10,9 @@ PACKAGES="
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth imagemagick fonts-dejavu-core
 "
+if [ "${1:-}" = fuzz ]; then
+  PACKAGES="$PACKAGES clang libclang-rt-14-dev"
+fi
 
 missing=""
 for package in $PACKAGES; do

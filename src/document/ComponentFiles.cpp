@@ -251,13 +251,13 @@ bool writeFile(const QString& path, const QByteArray& bytes)
     return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
 }
 
-std::optional<LineReader> openFile(const MenuDocument& document, const QString& suffix)
+std::optional<QByteArray> readFile(const QString& path)
 {
-    QFile file(document.FilePrefix + suffix);
+    QFile file(path);
     if (!file.open(QIODevice::ReadOnly)) {
         return std::nullopt;
     }
-    return LineReader(file.readAll());
+    return file.readAll();
 }
 
 template<typename Store>
@@ -502,11 +502,18 @@ QStringList save(const MenuDocument& document)
 
 int load(MenuDocument& document)
 {
+    const QString prefix = document.FilePrefix;
+    return load(document, [&prefix](const QString& suffix) { return readFile(prefix + suffix); });
+}
+
+int load(MenuDocument& document, const FileSource& source)
+{
     int found = 0;
     const auto readIfPresent = [&](const QString& suffix, const auto& read) {
-        if (auto in = openFile(document, suffix)) {
+        if (std::optional<QByteArray> bytes = source(suffix)) {
             ++found;
-            read(*in);
+            LineReader in(std::move(*bytes));
+            read(in);
             return true;
         }
         return false;

@@ -5,6 +5,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+#include <optional>
+
 class MenuDocument;
 
 // The document on disk: a family of text files named by the document's FilePrefix and a fixed suffix.
@@ -27,5 +30,11 @@ QStringList save(const MenuDocument& document);
 // opened is skipped and its tables keep what they hold (the printer settings take their defaults);
 // a line that makes no sense is passed over. Returns how many of the files were found.
 int load(MenuDocument& document);
+
+// The bytes of the component file with the given suffix; nothing when it cannot be opened.
+using FileSource = std::function<std::optional<QByteArray>(const QString& suffix)>;
+
+// The same, with the files' bytes taken from the source instead of the disk.
+int load(MenuDocument& document, const FileSource& source);
 
 } // namespace ComponentFiles

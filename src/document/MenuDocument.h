@@ -158,7 +158,7 @@ public:
     FixedTable<std::int32_t, Limits::LineSlotCount> LinePlu;
     FixedTable<LineLayout, Limits::LineSlotCount> LineLayouts;
     class LanguageTable LanguageTable;
-    class PrintSettings PrintSettings;
+    struct PrintSettings PrintSettings;
     QString PagesVersion = QStringLiteral("0");
     QString FilePrefix;
     QString ProjectFolder;

@@ -159,6 +159,11 @@ QString WebTranslationClient::TranslateUnicode(
     }
     raw.replace(u" &lt;br&gt;"_s, CrLf);
     m_lastRawResult = raw;
+    return decodeResult(std::move(raw));
+}
+
+QString WebTranslationClient::decodeResult(QString raw)
+{
     DecodeHtmlEntities(raw);
     raw.replace(u"&#"_s, u"<"_s).replace(u';', u'>').replace(u"<br>"_s, CrLf);
     replaceCharacterCodes(raw);

@@ -56,6 +56,10 @@ public:
 
     static void DecodeHtmlEntities(QString& text);
 
+    // The translated text of a raw result: its entities decoded and its character references turned
+    // into characters. Raises TypeFault for a reference that is not a number.
+    static QString decodeResult(QString raw);
+
     // "&65;&66; " style codes for every character but the last; blanks stay as they are.
     static QString GetAscwValues(const QString& text);
 

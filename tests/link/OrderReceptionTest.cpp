@@ -1,6 +1,6 @@
 #include "link/OrderReception.h"
 
-#include "link/RadioLink.h"
+#include "support/IdleLink.h"
 #include "support/QtPrinters.h"
 
 #include <cstring>
@@ -11,30 +11,9 @@ using namespace OrderReception;
 namespace {
 
 // Answers menu_receive as a test prepares it; the other calls are not used here.
-class FakeLink : public RadioLink
+class FakeLink : public IdleLink
 {
 public:
-    std::int32_t menu_init(std::int32_t, std::int32_t, std::int32_t) override { return 0; }
-    std::int32_t radio_make_tree_mkdir(const QString&) override { return 0; }
-    std::int32_t radio_make_tree_cd(const QString&) override { return 0; }
-    std::int32_t radio_make_tree_cd_back() override { return 0; }
-    std::int32_t menu_modifier(std::int32_t, const QString&) override { return 0; }
-    std::int32_t menu_item(std::int32_t, const QString&, const QString&, std::int32_t) override { return 0; }
-    std::int32_t radio_make_tree_modifier_min_max(
-        const QString&, std::int32_t, std::int32_t, std::int32_t) override
-    {
-        return 0;
-    }
-    std::int32_t menu_item_modifier_group(const QString&, std::int32_t, std::int32_t, std::int32_t) override
-    {
-        return 0;
-    }
-    std::int32_t radio_set_entry(std::int32_t, const QString&) override { return 0; }
-    std::int32_t menu_upload() override { return 0; }
-    std::int32_t menu_close() override { return 0; }
-    std::int32_t radio_init(std::int32_t, std::int32_t, std::int32_t) override { return 0; }
-    std::int32_t radio_close() override { return 0; }
-
     // Records what the caller handed over, then writes the prepared fields into its buffers.
     std::int32_t menu_receive(char* pluFields, char* qtyFields, std::int32_t* terminal, std::int32_t* table,
         std::int32_t* productCount, std::int32_t maxProducts) override
