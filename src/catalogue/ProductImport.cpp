@@ -235,7 +235,8 @@ bool ProductImport::fromBackOffice(const QString& familySheetPath)
 {
     const Worksheet families = Worksheet::read(familySheetPath);
     const Worksheet products = Worksheet::read(productSheetBeside(familySheetPath));
-    const QStringList lines = familyLines(families) + productLines(products);
+    QStringList lines = familyLines(families);
+    lines += productLines(products);
     checkCapacity(familySheetPath, lines);
     return importExchangeLines(lines);
 }
