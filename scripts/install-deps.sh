@@ -6,7 +6,7 @@ set -eu
 PACKAGES="
   cmake ninja-build g++ make pkg-config
   qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
-  libfreexl-dev
+  libfreexl-dev python3-xlwt
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth imagemagick fonts-dejavu-core
 "

@@ -4,6 +4,7 @@
 #include "HandlerGuard.h"
 #include "catalogue/CataloguePanel.h"
 #include "catalogue/ModifierPanel.h"
+#include "catalogue/ProductImport.h"
 #include "designer/PageView.h"
 #include "document/NumberText.h"
 #include "document/Project.h"
@@ -178,10 +179,14 @@ void MainWindow::buildMenuBar()
         file, QStringLiteral("Exit"), QStringLiteral("E&xit"), &MainWindow::Exit_Click, QKeySequence::Quit);
 
     QMenu* import = menuBar()->addMenu(QStringLiteral("&Import"));
-    addMenuItem(import, QStringLiteral("ImportFromDll"), QStringLiteral("Import From &Last Sended Plus"));
-    addMenuItem(import, QStringLiteral("ImportFenwarXls"), QStringLiteral("Import From &Fenwar ( XLS)"));
-    addMenuItem(import, QStringLiteral("ImportFromXls"), QStringLiteral("Import From &XLS"));
-    addMenuItem(import, QStringLiteral("ImportCSV"), QStringLiteral("Import From &CSV"));
+    addMenuItem(import, QStringLiteral("ImportFromDll"), QStringLiteral("Import From &Last Sended Plus"),
+        &MainWindow::ImportFromDll_Click);
+    addMenuItem(import, QStringLiteral("ImportFenwarXls"), QStringLiteral("Import From &Fenwar ( XLS)"),
+        &MainWindow::ImportFenwarXls_Click);
+    addMenuItem(import, QStringLiteral("ImportFromXls"), QStringLiteral("Import From &XLS"),
+        &MainWindow::ImportFromXls_Click);
+    addMenuItem(import, QStringLiteral("ImportCSV"), QStringLiteral("Import From &CSV"),
+        &MainWindow::ImportCSV_Click);
 
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
     addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"), &MainWindow::SendAll_Click);
@@ -288,6 +293,55 @@ void MainWindow::startNewDocument()
     if (QWidget* firstRow = m_pageView->findChild<QWidget*>(QStringLiteral("Linhas_0"))) {
         firstRow->setFocus();
     }
+}
+
+// Runs one import with the designer's New; the lists are rebuilt when the catalogue was replaced.
+template<typename Import>
+void MainWindow::importProducts(Import&& import)
+{
+    const BusyCursor busy;
+    ProductImport products(m_document, [this] { startNewDocument(); });
+    if (import(products)) {
+        Refresh_Page();
+    }
+}
+
+void MainWindow::ImportFromDll_Click()
+{
+    guarded([this] { importProducts([](ProductImport& products) { return products.fromLastSent(); }); });
+}
+
+void MainWindow::ImportFenwarXls_Click()
+{
+    guarded([this] {
+        const QString path = m_prompts.askOpenFile(QStringLiteral("FAMI.XLS"));
+        if (!path.isEmpty()) {
+            importProducts([&path](ProductImport& products) { return products.fromBackOffice(path); });
+        }
+    });
+}
+
+void MainWindow::ImportFromXls_Click()
+{
+    guarded([this] {
+        m_prompts.showMessage(
+            QStringLiteral("Import Data from XLS $Sheet1$, Table [PLUCODE][DESCRIPTION][PRICE]"));
+        const QString path = m_prompts.askOpenFile(QStringLiteral("DATA.XLS"));
+        if (!path.isEmpty()) {
+            importProducts([&path](ProductImport& products) { return products.fromPluSheet(path); });
+        }
+    });
+}
+
+void MainWindow::ImportCSV_Click()
+{
+    guarded([this] {
+        m_prompts.showMessage(QStringLiteral("Import Data from CSV, \"PLUCODE\",\"DESCRIPTION\",\"PRICE\""));
+        const QString path = m_prompts.askOpenFile(QStringLiteral("*.csv"));
+        if (!path.isEmpty()) {
+            importProducts([&path](ProductImport& products) { return products.fromCsv(path); });
+        }
+    });
 }
 
 QString MainWindow::frontRowProperty(int row, const char* name) const

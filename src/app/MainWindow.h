@@ -44,6 +44,10 @@ public slots:
     void Load_Click();
     void Save_Click();
     void New_Click();
+    void ImportFromDll_Click();
+    void ImportFenwarXls_Click();
+    void ImportFromXls_Click();
+    void ImportCSV_Click();
     void Exit_Click();
     void SendAll_Click();
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
@@ -70,6 +74,8 @@ private:
         const QKeySequence& shortcut = {});
     void startUp();
     void startNewDocument();
+    template<typename Import>
+    void importProducts(Import&& import);
     void shutDown();
     void closeOtherWindows();
     QString frontRowProperty(int row, const char* name) const;

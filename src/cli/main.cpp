@@ -1,4 +1,5 @@
 #include "CliCommand.h"
+#include "ImportCommand.h"
 #include "ReceiveCommand.h"
 #include "ResaveCommand.h"
 #include "SendCommand.h"
@@ -21,6 +22,8 @@ struct Command
 
 const Command Commands[] = {
     { "resave", "load a project's component files and write them under another prefix", runResave },
+    { "import", "fill an empty menu's catalogue from a CSV file, a spreadsheet or the products last sent",
+        runImport },
     { "send", "send a project's menu to the terminals through the radio link", runSend },
     { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
     { "translate", "translate a text through the web translation service", runTranslate },

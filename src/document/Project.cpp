@@ -108,8 +108,13 @@ QStringList save(MenuDocument& document, const QString& chosenPath)
 
 void clear(MenuDocument& document)
 {
-    document.PagesVersion = QStringLiteral("1");
     deleteWorkingFiles();
+    clearTables(document);
+}
+
+void clearTables(MenuDocument& document)
+{
+    document.PagesVersion = QStringLiteral("1");
     PrintSettings& settings = document.PrintSettings;
     for (int page = 1; page <= Limits::PageCount; ++page) {
         settings.PageColorA[page].clear();

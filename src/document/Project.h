@@ -30,4 +30,7 @@ QStringList save(MenuDocument& document, const QString& chosenPath);
 // folder. Page version "1", no language names, no page colours or pictures.
 void clear(MenuDocument& document);
 
+// Empties the document's tables as clear does, leaving the working folder alone.
+void clearTables(MenuDocument& document);
+
 } // namespace Project

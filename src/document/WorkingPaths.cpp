@@ -27,6 +27,11 @@ QString workingPrefix()
     return workingFolder() + QStringLiteral("/temp");
 }
 
+QString exchangeFile()
+{
+    return workingRoot() + QStringLiteral("/pludata.txt");
+}
+
 void ensureWorkingFolder()
 {
     QDir().mkpath(workingFolder());

@@ -1,0 +1,260 @@
+#include "ProductImport.h"
+
+#include "ImportError.h"
+#include "Workbook.h"
+#include "document/AnsiCodec.h"
+#include "document/Blanks.h"
+#include "document/LineReader.h"
+#include "document/MenuDocument.h"
+#include "document/PluLine.h"
+#include "document/WorkingPaths.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSaveFile>
+
+#include <optional>
+
+namespace {
+
+const QString ProductSheetName = QStringLiteral("PLU.XLS");
+
+// A record as read from a text source, and which of its fields an import stores; the fields it does
+// not store keep what the cleared catalogue left in them.
+using StoreFields = void (*)(PluRecord& target, PluRecord&& read);
+
+void storeAllFields(PluRecord& target, PluRecord&& read)
+{
+    target = std::move(read);
+}
+
+void storeCsvFields(PluRecord& target, PluRecord&& read)
+{
+    target.Code = std::move(read.Code);
+    target.Description = std::move(read.Description);
+    target.Price = std::move(read.Price);
+}
+
+// The text between the quote at `from` and the next one; `from` moves past the closing quote. A
+// missing quote gives the empty text.
+QStringView nextQuoted(QStringView line, qsizetype& from)
+{
+    const qsizetype open = from < 0 ? -1 : line.indexOf(u'"', from);
+    const qsizetype close = open < 0 ? -1 : line.indexOf(u'"', open + 1);
+    if (close < 0) {
+        from = -1;
+        return {};
+    }
+    from = close + 1;
+    return line.sliced(open + 1, close - open - 1);
+}
+
+PluRecord parseCsvLine(QStringView line)
+{
+    qsizetype from = 0;
+    PluRecord plu;
+    plu.Code = nextQuoted(line, from).toString();
+    plu.Description = trimBlanks(nextQuoted(line, from)).toString();
+    plu.Price = trimBlanks(nextQuoted(line, from)).toString();
+    return plu;
+}
+
+// Every line of the file, empty ones included; nothing when it cannot be opened.
+std::optional<QList<PluRecord>> readRecords(const QString& path, PluRecord (*parse)(QStringView))
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return std::nullopt;
+    }
+    LineReader in(file.readAll());
+    QList<PluRecord> records;
+    while (!in.atEnd()) {
+        records.append(parse(in.next()));
+    }
+    return records;
+}
+
+bool isNumber(const QString& text)
+{
+    static const QRegularExpression number(QStringLiteral(R"(^[+-]?(\d+\.?\d*|\.\d+)([eE][+-]?\d+)?$)"));
+    return number.match(text).hasMatch();
+}
+
+// An empty price is taken: the product is simply not priced yet.
+QString checkedPrice(const Worksheet& sheet, int row, QString price)
+{
+    price = trimBlanks(price).toString();
+    if (!price.isEmpty() && !isNumber(price)) {
+        throw ImportError(sheet.path(),
+            QStringLiteral("the price \"%1\" in row %2 is not a number")
+                .arg(price)
+                .arg(Worksheet::shownRowNumber(row)));
+    }
+    return price;
+}
+
+bool isBlankRow(const Worksheet& sheet, int row, std::initializer_list<int> columns)
+{
+    for (int column : columns) {
+        if (!isBlank(sheet.cell(row, column))) {
+            return false;
+        }
+    }
+    return true;
+}
+
+// The exchange file lines of the sheet with the columns PLUCODE, DESCRIPTION and PRICE. The number
+// goes to both the code and the alternative code.
+QStringList pluSheetLines(const Worksheet& sheet)
+{
+    const int code = sheet.column(QStringLiteral("PLUCODE"));
+    const int description = sheet.column(QStringLiteral("DESCRIPTION"));
+    const int price = sheet.column(QStringLiteral("PRICE"));
+    QStringList lines;
+    for (int row = 0; row < sheet.dataRowCount(); ++row) {
+        if (isBlankRow(sheet, row, { code, description, price })) {
+            continue;
+        }
+        const QString number = sheet.cell(row, code);
+        lines.append(QStringLiteral("0, ") + number + QStringLiteral(",0, ") + number + u','
+            + checkedPrice(sheet, row, sheet.cell(row, price)) + u','
+            + trimBlanks(sheet.cell(row, description)));
+    }
+    return lines;
+}
+
+// A family becomes "NUMERO,0, COMANDO, y, x, NOME": its code "0" keeps it out of the product list and
+// away from the product numbers, and "y" and "x" in the alternative code and price mark it as a family.
+QStringList familyLines(const Worksheet& sheet)
+{
+    const int command = sheet.column(QStringLiteral("COMANDO,N,4,0"));
+    const int number = sheet.column(QStringLiteral("NUMERO,N,3,0"));
+    const int name = sheet.column(QStringLiteral("NOME,C,25"));
+    QStringList lines;
+    for (int row = 0; row < sheet.dataRowCount(); ++row) {
+        if (!isBlankRow(sheet, row, { command, number, name })) {
+            lines.append(sheet.cell(row, number) + QStringLiteral(",0, ") + sheet.cell(row, command)
+                + QStringLiteral(", y, x, ") + sheet.cell(row, name));
+        }
+    }
+    return lines;
+}
+
+// The back office writes its prices with a decimal comma.
+QStringList productLines(const Worksheet& sheet)
+{
+    const int number = sheet.column(QStringLiteral("NUMERO,N,6,0"));
+    const int text = sheet.column(QStringLiteral("PLU,C,20"));
+    const int price = sheet.column(QStringLiteral("VENDA,N,12,2"));
+    QStringList lines;
+    for (int row = 0; row < sheet.dataRowCount(); ++row) {
+        if (isBlankRow(sheet, row, { number, text, price })) {
+            continue;
+        }
+        QString sale = sheet.cell(row, price);
+        if (const qsizetype comma = sale.indexOf(u','); comma >= 0) {
+            sale[comma] = u'.';
+        }
+        lines.append(QStringLiteral("0, ") + sheet.cell(row, number) + QStringLiteral(",0, ")
+            + sheet.cell(row, number) + QStringLiteral(", ") + checkedPrice(sheet, row, sale)
+            + QStringLiteral(", ") + sheet.cell(row, text));
+    }
+    return lines;
+}
+
+void checkCapacity(const QString& path, const QStringList& lines)
+{
+    if (lines.size() > Limits::PluCapacity) {
+        throw ImportError(path,
+            QStringLiteral("it holds %1 products and the catalogue takes at most %2")
+                .arg(lines.size())
+                .arg(Limits::PluCapacity));
+    }
+}
+
+void writeExchangeFile(const QStringList& lines)
+{
+    const QString path = WorkingPaths::exchangeFile();
+    QByteArray bytes;
+    for (const QString& line : lines) {
+        AnsiCodec::appendEncoded(bytes, line);
+        bytes.append("\r\n", 2);
+    }
+    QDir().mkpath(WorkingPaths::workingRoot());
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit()) {
+        throw ImportError(path, QStringLiteral("the exchange file cannot be written"));
+    }
+}
+
+// Clears the document with the caller's New, then stores the records from index 0 on.
+bool replaceCatalogue(MenuDocument& document, const std::function<void()>& clearDocument,
+    std::optional<QList<PluRecord>> records, StoreFields store)
+{
+    if (!records) {
+        return false;
+    }
+    clearDocument();
+    int count = 0;
+    for (PluRecord& record : *records) {
+        store(document.Plus[count++], std::move(record));
+    }
+    document.PluCount = count;
+    return true;
+}
+
+} // namespace
+
+ProductImport::ProductImport(MenuDocument& document, std::function<void()> clearDocument)
+    : m_document(document)
+    , m_clearDocument(std::move(clearDocument))
+{ }
+
+bool ProductImport::fromLastSent()
+{
+    return replaceCatalogue(m_document, m_clearDocument,
+        readRecords(WorkingPaths::exchangeFile(), [](QStringView line) { return PluLine::parse(line); }),
+        storeAllFields);
+}
+
+bool ProductImport::fromCsv(const QString& path)
+{
+    return replaceCatalogue(m_document, m_clearDocument, readRecords(path, parseCsvLine), storeCsvFields);
+}
+
+bool ProductImport::fromPluSheet(const QString& path)
+{
+    const QStringList lines = pluSheetLines(Worksheet::read(path));
+    checkCapacity(path, lines);
+    return importExchangeLines(lines);
+}
+
+bool ProductImport::fromBackOffice(const QString& familySheetPath)
+{
+    const Worksheet families = Worksheet::read(familySheetPath);
+    const Worksheet products = Worksheet::read(productSheetBeside(familySheetPath));
+    QStringList lines = familyLines(families);
+    lines += productLines(products);
+    checkCapacity(familySheetPath, lines);
+    return importExchangeLines(lines);
+}
+
+QString ProductImport::productSheetBeside(const QString& familySheetPath)
+{
+    const QDir folder = QFileInfo(familySheetPath).dir();
+    const QString exact = folder.filePath(ProductSheetName);
+    if (QFileInfo::exists(exact)) {
+        return exact;
+    }
+    // Name filters ignore case.
+    const QStringList found = folder.entryList({ ProductSheetName }, QDir::Files);
+    return found.isEmpty() ? exact : folder.filePath(found.first());
+}
+
+bool ProductImport::importExchangeLines(const QStringList& lines)
+{
+    writeExchangeFile(lines);
+    return fromLastSent();
+}
