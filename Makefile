@@ -3,16 +3,18 @@
 #            UndefinedBehaviorSanitizer.
 # make bench: the benchmarks of the largest menu, in a release build.
 # make fuzz: builds the fuzz targets with clang and runs each for FUZZ_SECONDS.
+# make package: a release build packed as a Debian package, build-package/quorvel_*.deb.
 
 BUILD_DIR ?= build
 SANITIZE_DIR ?= build-sanitize
 BENCH_DIR ?= build-bench
 FUZZ_DIR ?= build-fuzz
 FUZZ_SECONDS ?= 120
+PACKAGE_DIR ?= build-package
 JOBS ?= $(shell nproc)
 CMAKE_CONFIGURE = cmake -G Ninja -Wno-dev
 
-.PHONY: all deps build run test test-plain test-sanitize bench fuzz format clean
+.PHONY: all deps build run test test-plain test-sanitize bench fuzz package format clean
 
 all: build
 
@@ -55,8 +57,14 @@ fuzz:
 	cmake --build $(FUZZ_DIR) -j $(JOBS)
 	./scripts/run-fuzzers.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
 
+package:
+	@./scripts/install-deps.sh package
+	$(CMAKE_CONFIGURE) -S . -B $(PACKAGE_DIR) -DCMAKE_BUILD_TYPE=Release -DBUILD_TESTING=OFF
+	cmake --build $(PACKAGE_DIR) -j $(JOBS)
+	cd $(PACKAGE_DIR) && cpack
+
 format:
 	git ls-files '*.cpp' '*.h' | xargs clang-format -i
 
 clean:
-	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR) $(FUZZ_DIR)
+	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR) $(FUZZ_DIR) $(PACKAGE_DIR)

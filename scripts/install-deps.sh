@@ -1,6 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that building, running and testing Quorvel need, when any is missing.
-# With the argument "fuzz", also those that the fuzz targets need.
+# With the argument "fuzz", also those that the fuzz targets need; with "package", those that building
+# the Debian package needs.
 set -eu
 
 PACKAGES="
@@ -10,9 +11,10 @@ PACKAGES="
   libgtest-dev libgmock-dev libbenchmark-dev
   xvfb xauth imagemagick fonts-dejavu-core
 "
-if [ "${1:-}" = fuzz ]; then
-  PACKAGES="$PACKAGES clang libclang-rt-14-dev"
-fi
+case "${1:-}" in
+  fuzz) PACKAGES="$PACKAGES clang libclang-rt-14-dev" ;;
+  package) PACKAGES="$PACKAGES dpkg-dev file" ;;
+esac
 
 missing=""
 for package in $PACKAGES; do

@@ -3,6 +3,7 @@
 
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QIcon>
 
 #include <cstring>
 
@@ -51,6 +52,8 @@ int main(int argc, char* argv[])
     QApplication app(argc, argv);
     describeApplication();
     QApplication::setApplicationDisplayName(QStringLiteral("Orvik Quorvel"));
+    QApplication::setDesktopFileName(QStringLiteral("quorvel"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/quorvel.png")));
     processArguments(app);
 
     QtUserPrompts prompts;
