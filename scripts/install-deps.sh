@@ -7,7 +7,7 @@ PACKAGES="
   qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
   libfreexl-dev
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth imagemagick fonts-dejavu-core
+  xvfb xauth imagemagick fonts-dejavu-core poppler-utils
 "
 
 missing=""

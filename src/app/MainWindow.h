@@ -46,6 +46,8 @@ public slots:
     void New_Click();
     void Exit_Click();
     void SendAll_Click();
+    void Print_Click();
+    void Colors_Click();
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
     void UpgradeFirmware_Click();
     void Receive_Click();
