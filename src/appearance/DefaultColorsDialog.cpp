@@ -90,6 +90,7 @@ QLayout* DefaultColorsDialog::buildPageAndFont()
 {
     m_command5 = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command5"));
     m_command5->setAutoDefault(false);
+    m_command5->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // a swatch, like the kinds' buttons
     m_combo1 = named(new QComboBox(this), QStringLiteral("Combo1"));
     // A font the printer does not list can still be typed in.
     m_combo1->setEditable(true);

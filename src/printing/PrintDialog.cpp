@@ -169,8 +169,8 @@ QWidget* PrintDialog::buildPrinter()
 QLayout* PrintDialog::buildCommands()
 {
     auto* preview = commandButton(this, QStringLiteral("Preview"), QStringLiteral("Pre&view"));
-    auto* print = named(new QPushButton(QStringLiteral("&Print"), this), QStringLiteral("Command1"));
-    print->setDefault(true);
+    // Not the default button: Enter in a margin box must not send sheets to the printer.
+    auto* print = commandButton(this, QStringLiteral("Command1"), QStringLiteral("&Print"));
     auto* close = commandButton(this, QStringLiteral("Command2"), QStringLiteral("Clos&e Window"));
     connect(preview, &QPushButton::clicked, this, &PrintDialog::Preview_Click);
     connect(print, &QPushButton::clicked, this, &PrintDialog::Command1_Click);
