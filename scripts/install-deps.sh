@@ -9,7 +9,7 @@ PACKAGES="
   qt6-base-dev qt6-base-dev-tools qt6-qpa-plugins
   libfreexl-dev python3-xlwt
   libgtest-dev libgmock-dev libbenchmark-dev
-  xvfb xauth imagemagick fonts-dejavu-core
+  xvfb xauth imagemagick fonts-dejavu-core poppler-utils
 "
 case "${1:-}" in
   fuzz) PACKAGES="$PACKAGES clang libclang-rt-14-dev" ;;

@@ -2,6 +2,8 @@
 
 #include "BusyCursor.h"
 #include "HandlerGuard.h"
+#include "appearance/BackgroundEffectsDialog.h"
+#include "appearance/DefaultColorsDialog.h"
 #include "catalogue/CataloguePanel.h"
 #include "catalogue/ModifierPanel.h"
 #include "catalogue/ProductImport.h"
@@ -14,6 +16,7 @@
 #include "link/ReceptionWindow.h"
 #include "link/RunShell.h"
 #include "link/SendDialog.h"
+#include "printing/PrintDialog.h"
 #include "texts/EditLineDialog.h"
 #include "texts/GroupTitleDialog.h"
 #include "texts/TranslationServiceDialog.h"
@@ -168,8 +171,9 @@ void MainWindow::buildMenuBar()
     addMenuItem(
         file, QStringLiteral("New"), QStringLiteral("&New"), &MainWindow::New_Click, QKeySequence::New);
     file->addSeparator();
-    addMenuItem(file, QStringLiteral("Print"), QStringLiteral("&Print"), nullptr, QKeySequence::Print);
-    addMenuItem(file, QStringLiteral("Colors"), QStringLiteral("&Colors"));
+    addMenuItem(file, QStringLiteral("Print"), QStringLiteral("&Print"), &MainWindow::Print_Click,
+        QKeySequence::Print);
+    addMenuItem(file, QStringLiteral("Colors"), QStringLiteral("&Colors"), &MainWindow::Colors_Click);
     addMenuItem(file, QStringLiteral("TranslationService"), QStringLiteral("&Translation Service..."),
         &MainWindow::TranslationService_Click);
     addMenuItem(file, QStringLiteral("TestTranslation"), QStringLiteral("T&est Translation..."),
@@ -195,17 +199,13 @@ void MainWindow::buildMenuBar()
         &MainWindow::UpgradeFirmware_Click);
 }
 
-// An item without a handler yet is shown disabled.
 QAction* MainWindow::addMenuItem(
     QMenu* menu, const QString& name, const QString& caption, Handler handler, const QKeySequence& shortcut)
 {
     QAction* action = menu ? menu->addAction(caption) : menuBar()->addAction(caption);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    action->setEnabled(handler != nullptr);
-    if (handler) {
-        connect(action, &QAction::triggered, this, handler);
-    }
+    connect(action, &QAction::triggered, this, handler);
     return action;
 }
 
@@ -234,6 +234,30 @@ void MainWindow::Update_Page()
 void MainWindow::showBackgroundEffects(int side)
 {
     m_side = side;
+    guarded([this] {
+        BackgroundEffectsDialog dialog(
+            m_document, m_pageView->currentPage(), m_side, m_pageView->sideArea(m_side), m_prompts, this);
+        dialog.exec();
+        Refresh_Page();
+    });
+}
+
+void MainWindow::Print_Click()
+{
+    guarded([this] {
+        PrintDialog dialog(
+            m_document, [this] { return m_pageView->currentPage(); }, m_prompts, this);
+        dialog.exec();
+    });
+}
+
+void MainWindow::Colors_Click()
+{
+    guarded([this] {
+        DefaultColorsDialog dialog(m_document, m_prompts, this);
+        dialog.exec();
+        Update_Page();
+    });
 }
 
 void MainWindow::Timer1_Timer()

@@ -50,6 +50,8 @@ public slots:
     void ImportCSV_Click();
     void Exit_Click();
     void SendAll_Click();
+    void Print_Click();
+    void Colors_Click();
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
     void UpgradeFirmware_Click();
     void Receive_Click();
@@ -70,7 +72,7 @@ private:
 
     void buildMenuBar();
     void buildPanels();
-    QAction* addMenuItem(QMenu* menu, const QString& name, const QString& caption, Handler handler = nullptr,
+    QAction* addMenuItem(QMenu* menu, const QString& name, const QString& caption, Handler handler,
         const QKeySequence& shortcut = {});
     void startUp();
     void startNewDocument();

@@ -1,5 +1,6 @@
 #include "CliCommand.h"
 #include "ImportCommand.h"
+#include "PrintCommand.h"
 #include "ReceiveCommand.h"
 #include "ResaveCommand.h"
 #include "SendCommand.h"
@@ -7,9 +8,11 @@
 #include "document/Fault.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 
 #include <cstdio>
 #include <functional>
+#include <memory>
 
 namespace {
 
@@ -27,6 +30,7 @@ const Command Commands[] = {
     { "send", "send a project's menu to the terminals through the radio link", runSend },
     { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
     { "translate", "translate a text through the web translation service", runTranslate },
+    { "print", "print a project's page sides into a PDF file", runPrint },
 };
 
 void printUsage()
@@ -60,11 +64,23 @@ int runCommand(const QStringList& arguments)
     throw CliError(QStringLiteral("unknown command '%1'; see 'quorvel-cli --help'").arg(name));
 }
 
+// Only printing needs fonts and painting; without a display it draws offscreen.
+std::unique_ptr<QCoreApplication> makeApplication(int& argc, char* argv[])
+{
+    if (!needsGraphics(argc, argv)) {
+        return std::make_unique<QCoreApplication>(argc, argv);
+    }
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    QCoreApplication app(argc, argv);
+    const auto app = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("quorvel-cli"));
     QCoreApplication::setOrganizationName(QStringLiteral("QUORVEL"));
     try {

@@ -442,6 +442,11 @@ void PageView::DeletePage_Click()
     });
 }
 
+PictureBox& PageView::sideArea(int side) const
+{
+    return side == 1 ? *m_picture1 : *m_picture2;
+}
+
 bool PageView::designing() const
 {
     return m_expand->text() == configureCaption();

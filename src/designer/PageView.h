@@ -46,6 +46,9 @@ public:
     // The row whose Remove button was clicked last (0 to 23); the row dialog acts on it.
     int selectedRow() const { return m_selectedRow; }
 
+    // The area of side 1 (front) or 2 (back), whose colour the Background effects dialog sets.
+    PictureBox& sideArea(int side) const;
+
     // True while the page has the modifier panel's room.
     bool designing() const;
 

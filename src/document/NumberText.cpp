@@ -2,6 +2,8 @@
 
 #include "Fault.h"
 
+#include <QRegularExpression>
+
 #include <charconv>
 #include <cmath>
 #include <limits>
@@ -143,6 +145,16 @@ float toSingle(double value)
         throw OverflowFault();
     }
     return static_cast<float>(value);
+}
+
+float wholeSingle(QStringView text)
+{
+    static const QRegularExpression number(
+        QStringLiteral("^ *[+-]?(\\d+\\.?\\d*|\\.\\d+)([eEdD][+-]?\\d+)? *$"));
+    if (!number.match(text).hasMatch()) {
+        throw TypeFault();
+    }
+    return toSingle(numericValue(text));
 }
 
 std::int32_t int32Value(QStringView text)

@@ -21,6 +21,10 @@ std::int32_t toInt32(double value);
 // Raises OverflowFault outside the range of a single-precision float.
 float toSingle(double value);
 
+// A text that must be a number as a whole (blanks around it allowed): its single-precision value.
+// Raises TypeFault when it is not one, the empty text included, and OverflowFault beyond a float.
+float wholeSingle(QStringView text);
+
 // The numeric value of a text stored as a 32-bit integer.
 std::int32_t int32Value(QStringView text);
 

@@ -1,6 +1,8 @@
 #include "app/MainWindow.h"
 
+#include "designer/PictureBox.h"
 #include "support/DocumentDiff.h"
+#include "support/ModalDialogDriver.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -38,7 +40,7 @@ private slots:
     void cancelledDialogsChangeNothing();
     void newEmptiesTheDocumentTheListsAndTheWorkingFolder();
     void expandTwiceGivesBackTheStartingLayout();
-    void aClickOnAPageSideKeepsTheSideForTheBackgroundDialog();
+    void aClickOnAPageSideOpensBackgroundEffectsForThatSide();
     void pageKeysTurnThePages();
 
 private:
@@ -124,8 +126,7 @@ void MainWindowTest::titleAndMenuBarAreThoseOfTheDesigner()
         const auto* action = window->findChild<QAction*>(QLatin1StringView(name));
         QVERIFY2(action, name);
         QCOMPARE(QString(action->text()).remove(u'&'), QLatin1StringView(caption));
-        const bool connected = !QList<QByteArray> { "Print", "Colors" }.contains(name);
-        QCOMPARE(action->isEnabled(), connected);
+        QVERIFY2(action->isEnabled(), name);
     }
     QStringList menus;
     for (QAction* action : window->menuBar()->actions()) {
@@ -341,16 +342,33 @@ void MainWindowTest::expandTwiceGivesBackTheStartingLayout()
     QVERIFY(m_prompts->messages.isEmpty());
 }
 
-void MainWindowTest::aClickOnAPageSideKeepsTheSideForTheBackgroundDialog()
+void MainWindowTest::aClickOnAPageSideOpensBackgroundEffectsForThatSide()
 {
     auto window = startWindow();
+    const QString frontColor = window->document().PrintSettings.PageColorA[1];
+    ModalDialogDriver driver;
+    QString caption;
+    m_prompts->answers = QStringList { u"255"_s };
+    driver.onNextDialog([&](QDialog& dialog) {
+        caption = dialog.windowTitle();
+        dialog.findChild<QPushButton*>(u"Command1"_s)->click();
+        dialog.findChild<QPushButton*>(u"Command3"_s)->click();
+    });
     QTest::mouseClick(window->findChild<QWidget*>(u"Picture2"_s), Qt::LeftButton, {}, QPoint(4, 4));
+    QVERIFY(driver.acted());
+    QVERIFY(!driver.leftOpen());
+    QCOMPARE(caption, u"Background effects"_s);
     QCOMPARE(window->side(), 2);
+    QCOMPARE(window->document().PrintSettings.PageColorB[1], u"255"_s);
+    QCOMPARE(window->document().PrintSettings.PageColorA[1], frontColor);
+    QCOMPARE(window->findChild<PictureBox*>(u"Picture2"_s)->color(), QColor(Qt::red));
+
+    // a row is not the side: it opens nothing and leaves the side as it was
     QTest::mouseClick(window->findChild<QWidget*>(u"Linhas_2"_s), Qt::LeftButton);
     QCOMPARE(window->side(), 2);
+    driver.onNextDialog([](QDialog& dialog) { dialog.accept(); });
     QTest::mouseClick(window->findChild<QWidget*>(u"Picture1"_s), Qt::LeftButton, {}, QPoint(4, 4));
-    QCOMPARE(window->side(), 1);
-    QTest::mouseClick(window->findChild<QWidget*>(u"LinhasVerso_2"_s), Qt::LeftButton);
+    QVERIFY(driver.acted());
     QCOMPARE(window->side(), 1);
 }
 

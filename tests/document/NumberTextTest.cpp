@@ -96,3 +96,15 @@ TEST(FileNumbers, ReadBackToTheSameValue)
         EXPECT_EQ(int32Value(fileNumber(value)), value);
     }
 }
+
+TEST(WholeSingle, TakesOnlyATextThatIsANumberAsAWhole)
+{
+    EXPECT_EQ(wholeSingle(u"47"), 47.0F);
+    EXPECT_EQ(wholeSingle(u" -12.5 "), -12.5F);
+    EXPECT_EQ(wholeSingle(u".5"), 0.5F);
+    EXPECT_EQ(wholeSingle(u"15E-1"), 1.5F);
+    for (const char16_t* text : { u"", u" ", u"12abc", u"1 2", u"1,5", u".", u"-", u"1e", u"abc" }) {
+        EXPECT_THROW(wholeSingle(text), TypeFault) << QString::fromUtf16(text).toStdString();
+    }
+    EXPECT_THROW(wholeSingle(u"1e39"), OverflowFault);
+}

@@ -1,5 +1,7 @@
 #include "SampleDocuments.h"
 
+#include "texts/GroupTitles.h"
+
 namespace SampleDocuments {
 
 void addPlu(MenuDocument& document, const QString& code, const QString& description, const QString& price)
@@ -117,6 +119,46 @@ std::unique_ptr<MenuDocument> richMenu()
     print.PageValueB[14] = QStringLiteral("/menus/verso.png");
 
     d.PagesVersion = QStringLiteral("1");
+    return document;
+}
+
+std::unique_ptr<MenuDocument> printedMenu()
+{
+    auto document = std::make_unique<MenuDocument>();
+    MenuDocument& d = *document;
+    d.LanguageTable.setDefaultLanguageNames();
+    const auto placeProduct = [&](int page, int row, int plu, const QString& description,
+                                  const QString& price, const QString& english) {
+        addPlu(d, QString::number(plu), description, price);
+        d.LinePlu[lineSlot(page, row)] = plu;
+        d.LineLayouts[lineSlot(page, row)].kind = ProductLine;
+        d.LanguageTable.at(plu, 1) = description;
+        d.LanguageTable.at(plu, 2) = english;
+    };
+    const auto placeLine = [&](int row, LineKind kind, const QString& text, const QString& english) {
+        LineLayout& line = d.LineLayouts[lineSlot(1, row)];
+        line.kind = kind;
+        line.text = text;
+        d.LanguageTable.at(TextKey::LineTextBase + lineSlot(1, row), 1) = text;
+        d.LanguageTable.at(TextKey::LineTextBase + lineSlot(1, row), 2) = english;
+    };
+    addPlu(d, QStringLiteral("1"), QStringLiteral("Index zero is never shown"), QStringLiteral("0"));
+    placeLine(0, TitleLine, QStringLiteral("Entradas"), QStringLiteral("Starters"));
+    placeProduct(
+        1, 1, 101, QStringLiteral("Sopa do dia"), QStringLiteral("3.50"), QStringLiteral("Soup of the day"));
+    placeProduct(1, 2, 102, QStringLiteral("Pão caseiro"), QStringLiteral("1.20"), QString());
+    placeLine(3, NoteLine, QStringLiteral("Com IVA"), QStringLiteral("VAT included"));
+    placeProduct(1, 5, 103, QStringLiteral("Bacalhau"), QStringLiteral("12.75"), QStringLiteral("Cod"));
+    placeProduct(
+        13, 0, 113, QStringLiteral("Queijo da serra"), QStringLiteral("6.00"), QStringLiteral("Cheese"));
+    placeProduct(
+        14, 0, 114, QStringLiteral("Prato secreto"), QStringLiteral("9.00"), QStringLiteral("Secret dish"));
+
+    GroupTitles::createGroup(d, lineSlot(1, 12), { QStringLiteral("Vinhos"), 0xFFFFFF, 0, {}, false });
+    GroupTitles::createGroup(
+        d, lineSlot(1, 8), { QStringLiteral("Sobremesas"), 0xFF0000, 0xFFFFFF, {}, true });
+    d.LanguageTable.at(GroupTitles::textKey(lineSlot(1, 8)), 2) = QStringLiteral("Desserts");
+    d.PrintSettings.PageColorB[1] = QStringLiteral("65535");
     return document;
 }
 

@@ -12,6 +12,11 @@ namespace SampleDocuments {
 // changed print settings.
 std::unique_ptr<MenuDocument> richMenu();
 
+// A page to print: on page 1 a title, three products (one without a text in the second language) and a
+// note in front; behind, on a yellow side, the group "Sobremesas" over rows 8 to 11 in blue, ended by the
+// group "Vinhos" on row 12. One product each on pages 13 and 14. Texts in languages 1 and 2.
+std::unique_ptr<MenuDocument> printedMenu();
+
 // Every table at its limit: 10,000 products, 101 lists of 101 options, 101 products with 11 lists,
 // every line bound, every language row filled with 90-character texts.
 std::unique_ptr<MenuDocument> largestMenu();

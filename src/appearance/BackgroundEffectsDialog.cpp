@@ -1,0 +1,130 @@
+#include "BackgroundEffectsDialog.h"
+
+#include "ColorButton.h"
+#include "ColorNumbers.h"
+#include "app/HandlerGuard.h"
+#include "designer/PictureBox.h"
+#include "document/MenuDocument.h"
+#include "texts/GroupTitles.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSignalBlocker>
+#include <QVBoxLayout>
+
+namespace {
+
+template<typename Widget>
+Widget* named(Widget* widget, const QString& name)
+{
+    widget->setObjectName(name);
+    return widget;
+}
+
+QLabel* buddyLabel(QWidget* parent, const QString& name, const QString& caption, QWidget* buddy)
+{
+    auto* label = named(new QLabel(caption, parent), name);
+    label->setBuddy(buddy);
+    return label;
+}
+
+} // namespace
+
+BackgroundEffectsDialog::BackgroundEffectsDialog(
+    MenuDocument& document, int page, int side, PictureBox& area, UserPrompts& prompts, QWidget* parent)
+    : QDialog(parent)
+    , m_document(document)
+    , m_page(page)
+    , m_side(side)
+    , m_area(area)
+    , m_prompts(prompts)
+{
+    setObjectName(QStringLiteral("BackgroundEffects"));
+    setWindowTitle(QStringLiteral("Background effects"));
+    setModal(true);
+
+    m_command1 = named(new ColorButton(QString(), prompts, this), QStringLiteral("Command1"));
+    m_command1->setAutoDefault(false);
+    m_text1 = named(new QLineEdit(this), QStringLiteral("Text1"));
+    m_text1->setMinimumWidth(260);
+    auto* browse = named(new QPushButton(QStringLiteral("B&rowse"), this), QStringLiteral("Command2"));
+    browse->setAutoDefault(false);
+    auto* close = named(new QPushButton(QStringLiteral("Close &Windows"), this), QStringLiteral("Command3"));
+    auto* resolution
+        = named(new QLabel(QStringLiteral("Resolution ( 465*516 px)"), this), QStringLiteral("Label3"));
+
+    auto* grid = new QGridLayout;
+    grid->addWidget(
+        buddyLabel(this, QStringLiteral("Label1"), QStringLiteral("Backgound &Color"), m_command1), 0, 0);
+    grid->addWidget(m_command1, 0, 1, Qt::AlignLeft);
+    grid->addWidget(
+        buddyLabel(this, QStringLiteral("Label2"), QStringLiteral("BackGround &Picture"), m_text1), 1, 0);
+    grid->addWidget(m_text1, 1, 1);
+    grid->addWidget(browse, 1, 2);
+    grid->addWidget(resolution, 2, 1);
+    auto* commands = new QHBoxLayout;
+    commands->addStretch();
+    commands->addWidget(close);
+    auto* layout = new QVBoxLayout(this);
+    layout->addLayout(grid);
+    layout->addLayout(commands);
+
+    connect(m_command1, &QPushButton::clicked, this, &BackgroundEffectsDialog::Command1_Click);
+    connect(browse, &QPushButton::clicked, this, &BackgroundEffectsDialog::Command2_Click);
+    connect(m_text1, &QLineEdit::textChanged, this, &BackgroundEffectsDialog::Text1_Change);
+    connect(close, &QPushButton::clicked, this, &QDialog::accept);
+
+    guarded([this] {
+        m_command1->setColorNumber(numberOfColor(m_area.color()));
+        const QSignalBlocker block(m_text1);
+        m_text1->setText(storedPicture());
+    });
+}
+
+template<typename Work>
+void BackgroundEffectsDialog::guarded(Work&& work)
+{
+    runGuarded(m_prompts, std::forward<Work>(work));
+}
+
+QString& BackgroundEffectsDialog::storedColor()
+{
+    PrintSettings& print = m_document.PrintSettings;
+    return m_side == 1 ? print.PageColorA[m_page] : print.PageColorB[m_page];
+}
+
+QString& BackgroundEffectsDialog::storedPicture()
+{
+    PrintSettings& print = m_document.PrintSettings;
+    return m_side == 1 ? print.PageValueA[m_page] : print.PageValueB[m_page];
+}
+
+void BackgroundEffectsDialog::Command1_Click()
+{
+    guarded([this] {
+        if (!m_command1->askColor()) {
+            return;
+        }
+        m_area.setColor(colorOfNumber(m_command1->colorNumber()));
+        storedColor() = QString::number(m_command1->colorNumber());
+    });
+}
+
+// Typing in the box stores the path as well: the text change does it.
+void BackgroundEffectsDialog::Command2_Click()
+{
+    guarded([this] {
+        const QString path = m_prompts.askOpenFile(QStringLiteral("*.JPG"));
+        if (!path.isEmpty()) {
+            m_text1->setText(GroupTitles::relativePicturePath(path, m_document.ProjectFolder));
+        }
+    });
+}
+
+void BackgroundEffectsDialog::Text1_Change(const QString& text)
+{
+    guarded([&] { storedPicture() = text; });
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QDialog>
+
+class ColorButton;
+class MenuDocument;
+class PictureBox;
+class QLineEdit;
+class UserPrompts;
+
+// "Background effects": the background colour and picture of one side of the current page. The side's
+// area on the page view takes a new colour at once; everything is stored in the menu as it is chosen.
+class BackgroundEffectsDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    // side: 1 front, 2 back; area: that side on the page view.
+    BackgroundEffectsDialog(MenuDocument& document, int page, int side, PictureBox& area,
+        UserPrompts& prompts, QWidget* parent = nullptr);
+
+public slots:
+    void Command1_Click(); // Backgound Color
+    void Command2_Click(); // Browse
+    void Text1_Change(const QString& text);
+
+private:
+    QString& storedColor();
+    QString& storedPicture();
+
+    template<typename Work>
+    void guarded(Work&& work);
+
+    MenuDocument& m_document;
+    int m_page;
+    int m_side;
+    PictureBox& m_area;
+    UserPrompts& m_prompts;
+    ColorButton* m_command1 = nullptr;
+    QLineEdit* m_text1 = nullptr;
+};

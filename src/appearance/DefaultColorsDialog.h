@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QDialog>
+
+#include <array>
+
+class ColorButton;
+class MenuDocument;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class UserPrompts;
+
+// "Default Colors": the background and text colours of text lines, titles and notes, the default page
+// background, the menu's font and the currency symbol. Every change is stored in the menu at once;
+// there is nothing to cancel.
+class DefaultColorsDialog : public QDialog
+{
+    Q_OBJECT
+
+public:
+    static constexpr int Kinds = 3; // 0 text lines, 1 titles, 2 notes
+
+    DefaultColorsDialog(MenuDocument& document, UserPrompts& prompts, QWidget* parent = nullptr);
+
+public slots:
+    void Command3_Click(int kind); // background colour of the kind
+    void Command4_Click(int kind); // text colour of the kind
+    void Command5_Click(); // default page background
+    void Combo1_Click();
+    void Text3_Change();
+
+private:
+    QWidget* buildKindFrame(int kind, const QString& name, const QString& caption);
+    QLayout* buildPageAndFont();
+    void load();
+    void pickColor(ColorButton* button, QString& stored);
+
+    template<typename Work>
+    void guarded(Work&& work);
+
+    MenuDocument& m_document;
+    UserPrompts& m_prompts;
+    std::array<ColorButton*, Kinds> m_command3 {};
+    std::array<ColorButton*, Kinds> m_command4 {};
+    ColorButton* m_command5 = nullptr;
+    QComboBox* m_combo1 = nullptr;
+    QLineEdit* m_text3 = nullptr;
+    QLabel* m_label1 = nullptr;
+};
