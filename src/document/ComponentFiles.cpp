@@ -10,12 +10,15 @@
 
 #include <QFile>
 #include <QSaveFile>
+#include <QThread>
 
 #include <algorithm>
+#include <array>
 #include <atomic>
 #include <cstring>
 #include <exception>
 #include <functional>
+#include <numeric>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -31,7 +34,10 @@ const QString LayoutSuffix = QStringLiteral("_Layout.txt");
 const QString LanguagesSuffix = QStringLiteral("_Languages.txt");
 const QString PagesVersionSuffix = QStringLiteral("_PagesVersion.txt");
 
-constexpr int WriterThreads = 8;
+// Making the files keeps the processor busy, so one thread a core; writing them waits on the disk,
+// so more threads let their waits overlap.
+const qsizetype MakerThreads = std::max(1, QThread::idealThreadCount());
+constexpr qsizetype WriterThreads = 8;
 
 // The layout file stops at this slot; the slots after it are not stored.
 constexpr int LastStoredLayoutSlot = 312;
@@ -132,9 +138,9 @@ void visitLayout(Document& document, Visit&& visit, VisitField5&& visitField5)
 }
 
 template<typename Texts, typename Visit>
-void visitLanguageTexts(Texts& texts, Visit&& visit)
+void visitLanguageTexts(Texts& texts, Visit&& visit, int firstKey = 0, int endKey = Limits::LanguageRowCount)
 {
-    for (int key = 0; key < Limits::LanguageRowCount; ++key) {
+    for (int key = firstKey; key < endKey; ++key) {
         for (int language = 1; language <= Limits::LanguageCount; ++language) {
             visit(texts.at(key, language));
         }
@@ -231,11 +237,42 @@ QByteArray renderLayout(const MenuDocument& document)
     return out.take();
 }
 
+// Runs work(i) for every i below count on a few threads at once.
+template<typename Work>
+void runSideBySide(qsizetype count, qsizetype threads, const Work& work)
+{
+    std::atomic<qsizetype> next = 0;
+    const auto worker = [&] {
+        for (qsizetype i = next++; i < count; i = next++) {
+            work(i);
+        }
+    };
+    std::vector<std::jthread> workers;
+    for (qsizetype i = 0; i < std::min(threads, count); ++i) {
+        workers.emplace_back(worker);
+    }
+}
+
+// The language file is by far the largest, so its rows are made in parts side by side.
 QByteArray renderLanguages(const LanguageTable& texts)
 {
-    LineWriter out;
-    visitLanguageTexts(texts, [&out](const QString& text) { out.write(text); });
-    return out.take();
+    constexpr int Parts = 4;
+    std::array<QByteArray, Parts> parts;
+    runSideBySide(Parts, Parts, [&](qsizetype part) {
+        LineWriter out;
+        const auto firstKey = static_cast<int>(Limits::LanguageRowCount * part / Parts);
+        const auto endKey = static_cast<int>(Limits::LanguageRowCount * (part + 1) / Parts);
+        visitLanguageTexts(
+            texts, [&out](const QString& text) { out.write(text); }, firstKey, endKey);
+        parts[static_cast<std::size_t>(part)] = out.take();
+    });
+    QByteArray bytes;
+    bytes.reserve(std::accumulate(parts.begin(), parts.end(), qsizetype(0),
+        [](qsizetype size, const QByteArray& part) { return size + part.size(); }));
+    for (const QByteArray& part : parts) {
+        bytes += part;
+    }
+    return bytes;
 }
 
 QByteArray renderPagesVersion(const MenuDocument& document)
@@ -434,22 +471,6 @@ QList<FileMaker> fileMakers(const MenuDocument& document, const PluNumberIndex& 
     return makers;
 }
 
-// Runs work(i) for every i below count on a few threads at once.
-template<typename Work>
-void runSideBySide(qsizetype count, const Work& work)
-{
-    std::atomic<qsizetype> next = 0;
-    const auto worker = [&] {
-        for (qsizetype i = next++; i < count; i = next++) {
-            work(i);
-        }
-    };
-    std::vector<std::jthread> workers;
-    for (int i = 0; i < WriterThreads; ++i) {
-        workers.emplace_back(worker);
-    }
-}
-
 } // namespace
 
 namespace ComponentFiles {
@@ -474,7 +495,7 @@ QStringList save(const MenuDocument& document)
         makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
     std::vector<QByteArray> bytes(static_cast<std::size_t>(makers.size()));
     std::vector<std::exception_ptr> faults(bytes.size());
-    runSideBySide(makers.size(), [&](qsizetype i) {
+    runSideBySide(makers.size(), MakerThreads, [&](qsizetype i) {
         try {
             bytes[static_cast<std::size_t>(i)] = makers[i].make();
         } catch (...) {
@@ -487,7 +508,7 @@ QStringList save(const MenuDocument& document)
         }
     }
     std::vector<char> written(bytes.size());
-    runSideBySide(makers.size(), [&](qsizetype i) {
+    runSideBySide(makers.size(), WriterThreads, [&](qsizetype i) {
         const auto at = static_cast<std::size_t>(i);
         written[at] = writeFile(document.FilePrefix + makers[i].suffix, bytes[at]);
     });
