@@ -42,9 +42,10 @@ QPushButton* commandButton(QWidget* parent, const QString& name, const QString& 
     return button;
 }
 
+// As people write millimetres: "0.25", not the files' ".25".
 QString marginText(float value)
 {
-    return NumberText::str(value).trimmed();
+    return QString::number(static_cast<double>(value), 'g', 7);
 }
 
 QDoubleSpinBox* offsetBox(QWidget* parent, const QString& name)
