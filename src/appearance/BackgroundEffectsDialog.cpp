@@ -3,6 +3,7 @@
 #include "ColorButton.h"
 #include "ColorNumbers.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "designer/PictureBox.h"
 #include "document/MenuDocument.h"
 #include "texts/GroupTitles.h"
@@ -14,24 +15,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
-
-namespace {
-
-template<typename Widget>
-Widget* named(Widget* widget, const QString& name)
-{
-    widget->setObjectName(name);
-    return widget;
-}
-
-QLabel* buddyLabel(QWidget* parent, const QString& name, const QString& caption, QWidget* buddy)
-{
-    auto* label = named(new QLabel(caption, parent), name);
-    label->setBuddy(buddy);
-    return label;
-}
-
-} // namespace
 
 BackgroundEffectsDialog::BackgroundEffectsDialog(
     MenuDocument& document, int page, int side, PictureBox& area, UserPrompts& prompts, QWidget* parent)

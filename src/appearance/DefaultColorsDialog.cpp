@@ -2,6 +2,7 @@
 
 #include "ColorButton.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "designer/PageRendering.h"
 #include "document/MenuDocument.h"
 
@@ -15,22 +16,6 @@
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
-
-namespace {
-
-template<typename Widget>
-Widget* named(Widget* widget, const QString& name)
-{
-    widget->setObjectName(name);
-    return widget;
-}
-
-QString arrayName(const QString& name, int index)
-{
-    return name + u'_' + QString::number(index);
-}
-
-} // namespace
 
 DefaultColorsDialog::DefaultColorsDialog(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)

@@ -2,6 +2,7 @@
 
 #include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "document/MenuDocument.h"
 
 #include <QCheckBox>
@@ -24,22 +25,6 @@ constexpr int PreferredDescriptionChars = 46;
 int descriptionWidth(const QFontMetrics& metrics, int characters)
 {
     return metrics.horizontalAdvance(u'n') * characters;
-}
-
-QPushButton* makeButton(QWidget* parent, const QString& name, const QString& caption)
-{
-    auto* button = new QPushButton(caption, parent);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    return button;
-}
-
-QLabel* makeLabel(QWidget* parent, const QString& name, const QString& caption, QWidget* buddy)
-{
-    auto* label = new QLabel(caption, parent);
-    label->setObjectName(name);
-    label->setBuddy(buddy);
-    return label;
 }
 
 } // namespace
@@ -68,19 +53,19 @@ void CataloguePanel::buildControls()
     m_text->setObjectName(QStringLiteral("Text1"));
     m_text->setClearButtonEnabled(true);
 
-    QPushButton* filter = makeButton(this, QStringLiteral("Command10"), QStringLiteral("FILTER"));
-    QPushButton* find = makeButton(this, QStringLiteral("Command11"), QStringLiteral("FIND"));
-    QPushButton* add = makeButton(this, QStringLiteral("Command16"), QStringLiteral("Add"));
-    QPushButton* remove = makeButton(this, QStringLiteral("Command9"), QStringLiteral("Delete"));
+    QPushButton* filter = commandButton(this, QStringLiteral("Command10"), QStringLiteral("FILTER"));
+    QPushButton* find = commandButton(this, QStringLiteral("Command11"), QStringLiteral("FIND"));
+    QPushButton* add = commandButton(this, QStringLiteral("Command16"), QStringLiteral("Add"));
+    QPushButton* remove = commandButton(this, QStringLiteral("Command9"), QStringLiteral("Delete"));
 
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(makeLabel(this, QStringLiteral("PlusLabel"), QStringLiteral("Plus"), m_list));
+    layout->addWidget(buddyLabel(this, QStringLiteral("PlusLabel"), QStringLiteral("Plus"), m_list));
     layout->addWidget(m_list, 1);
     layout->addWidget(m_onlyDefined);
     layout->addSpacing(layout->spacing());
     layout->addWidget(
-        makeLabel(this, QStringLiteral("PluDescriptionLabel"), QStringLiteral("Plu Description"), m_text));
+        buddyLabel(this, QStringLiteral("PluDescriptionLabel"), QStringLiteral("Plu Description"), m_text));
     layout->addWidget(m_text);
     auto* buttons = new QGridLayout;
     buttons->addWidget(filter, 0, 0);

@@ -5,6 +5,7 @@
 #include "PictureBox.h"
 #include "RowDialog.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "appearance/ColorNumbers.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
@@ -77,11 +78,6 @@ const QString& configureCaption()
 int rowTop(int row)
 {
     return SideHeaderHeight + row * RowPitch;
-}
-
-QString arrayName(QStringView name, int row)
-{
-    return QString(name + u'_' + QString::number(row));
 }
 
 QLineEdit* rowBox(QWidget* parent, QStringView name, int row, QRect geometry)

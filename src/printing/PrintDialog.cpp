@@ -1,6 +1,7 @@
 #include "PrintDialog.h"
 
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "app/UserPrompts.h"
 #include "document/NumberText.h"
 #include "printing/PrintPreferences.h"
@@ -27,20 +28,6 @@ using PrintSelection::Pages;
 namespace {
 
 constexpr double OffsetLimit = 50; // millimetres a printer may be off by, either way
-
-template<typename Widget>
-Widget* named(Widget* widget, const QString& name)
-{
-    widget->setObjectName(name);
-    return widget;
-}
-
-QPushButton* commandButton(QWidget* parent, const QString& name, const QString& caption)
-{
-    auto* button = named(new QPushButton(caption, parent), name);
-    button->setAutoDefault(false);
-    return button;
-}
 
 // As people write millimetres: "0.25", not the files' ".25".
 QString marginText(float value)

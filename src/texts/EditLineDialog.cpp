@@ -3,6 +3,7 @@
 #include "LanguageArea.h"
 #include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "appearance/ColorButton.h"
 #include "appearance/ColorNumbers.h"
 #include "catalogue/CataloguePanel.h"
@@ -23,13 +24,6 @@
 using namespace LineEditing;
 
 namespace {
-
-template<typename Widget>
-Widget* named(Widget* widget, const QString& name)
-{
-    widget->setObjectName(name);
-    return widget;
-}
 
 QLabel* previewLabel(QWidget* parent, const QString& name)
 {

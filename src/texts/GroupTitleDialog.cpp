@@ -3,6 +3,7 @@
 #include "GroupTitles.h"
 #include "LanguageArea.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 #include "appearance/ColorButton.h"
 #include "appearance/ColorNumbers.h"
 #include "designer/PageRendering.h"
@@ -17,31 +18,6 @@
 #include <QVBoxLayout>
 
 using namespace GroupTitles;
-
-namespace {
-
-template<typename Widget>
-Widget* named(Widget* widget, const QString& name)
-{
-    widget->setObjectName(name);
-    return widget;
-}
-
-QLabel* buddyLabel(QWidget* parent, const QString& name, const QString& caption, QWidget* buddy)
-{
-    auto* label = named(new QLabel(caption, parent), name);
-    label->setBuddy(buddy);
-    return label;
-}
-
-QPushButton* commandButton(QWidget* parent, const QString& name, const QString& caption)
-{
-    auto* button = named(new QPushButton(caption, parent), name);
-    button->setAutoDefault(false);
-    return button;
-}
-
-} // namespace
 
 GroupTitleDialog::GroupTitleDialog(MenuDocument& document, int page, int row, const QString& title,
     Translator& translator, UserPrompts& prompts, QWidget* parent)

@@ -3,6 +3,7 @@
 #include "TranslationSource.h"
 #include "Translator.h"
 #include "app/HandlerGuard.h"
+#include "app/NamedWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,11 +12,6 @@
 #include <QPushButton>
 
 namespace {
-
-QString arrayName(const char* name, int index)
-{
-    return QLatin1StringView(name) + u'_' + QString::number(index);
-}
 
 QStringList offeredLanguages()
 {
@@ -60,15 +56,15 @@ void LanguageArea::buildRow(int index)
 {
     Row& row = m_rows[static_cast<std::size_t>(index)];
     row.Lingua = new QComboBox(this);
-    row.Lingua->setObjectName(arrayName("Lingua", index));
+    row.Lingua->setObjectName(arrayName(u"Lingua", index));
     row.Lingua->setEditable(true);
     row.Lingua->setInsertPolicy(QComboBox::NoInsert);
     row.Lingua->addItems(offeredLanguages());
     row.Text3 = new QLineEdit(this);
-    row.Text3->setObjectName(arrayName("Text3", index));
+    row.Text3->setObjectName(arrayName(u"Text3", index));
     row.Text3->setMinimumWidth(320);
     row.Command4 = new QPushButton(QStringLiteral("Auto"), this);
-    row.Command4->setObjectName(arrayName("Command4", index));
+    row.Command4->setObjectName(arrayName(u"Command4", index));
     row.Command4->setAutoDefault(false);
     connect(row.Command4, &QPushButton::clicked, this, [this, index] { Command4_Click(index); });
 }
