@@ -15,6 +15,8 @@
 #include <QRegularExpression>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <array>
 #include <optional>
 
 namespace {
@@ -95,73 +97,68 @@ QString checkedPrice(const Worksheet& sheet, int row, QString price)
     return price;
 }
 
-bool isBlankRow(const Worksheet& sheet, int row, std::initializer_list<int> columns)
+// Three cells of one row, in the order their headings were asked for.
+using RowCells = std::array<QString, 3>;
+
+// One exchange line for every row that holds something under the three headings; rows with nothing
+// there are passed over.
+template<typename MakeLine>
+QStringList exchangeLines(const Worksheet& sheet, const std::array<QString, 3>& headings, MakeLine&& makeLine)
 {
-    for (int column : columns) {
-        if (!isBlank(sheet.cell(row, column))) {
-            return false;
+    std::array<int, 3> columns {};
+    std::transform(headings.begin(), headings.end(), columns.begin(),
+        [&sheet](const QString& heading) { return sheet.column(heading); });
+    QStringList lines;
+    for (int row = 0; row < sheet.dataRowCount(); ++row) {
+        RowCells cells;
+        std::transform(columns.begin(), columns.end(), cells.begin(),
+            [&sheet, row](int column) { return sheet.cell(row, column); });
+        if (!std::all_of(cells.begin(), cells.end(), [](const QString& cell) { return isBlank(cell); })) {
+            lines.append(makeLine(row, cells));
         }
     }
-    return true;
+    return lines;
 }
 
 // The exchange file lines of the sheet with the columns PLUCODE, DESCRIPTION and PRICE. The number
 // goes to both the code and the alternative code.
 QStringList pluSheetLines(const Worksheet& sheet)
 {
-    const int code = sheet.column(QStringLiteral("PLUCODE"));
-    const int description = sheet.column(QStringLiteral("DESCRIPTION"));
-    const int price = sheet.column(QStringLiteral("PRICE"));
-    QStringList lines;
-    for (int row = 0; row < sheet.dataRowCount(); ++row) {
-        if (isBlankRow(sheet, row, { code, description, price })) {
-            continue;
-        }
-        const QString number = sheet.cell(row, code);
-        lines.append(QStringLiteral("0, ") + number + QStringLiteral(",0, ") + number + u','
-            + checkedPrice(sheet, row, sheet.cell(row, price)) + u','
-            + trimBlanks(sheet.cell(row, description)));
-    }
-    return lines;
+    return exchangeLines(sheet,
+        { QStringLiteral("PLUCODE"), QStringLiteral("DESCRIPTION"), QStringLiteral("PRICE") },
+        [&sheet](int row, const RowCells& cells) {
+            const auto& [number, description, price] = cells;
+            return QString(QStringLiteral("0, ") + number + QStringLiteral(",0, ") + number + u','
+                + checkedPrice(sheet, row, price) + u',' + trimBlanks(description));
+        });
 }
 
 // A family becomes "NUMERO,0, COMANDO, y, x, NOME": its code "0" keeps it out of the product list and
 // away from the product numbers, and "y" and "x" in the alternative code and price mark it as a family.
 QStringList familyLines(const Worksheet& sheet)
 {
-    const int command = sheet.column(QStringLiteral("COMANDO,N,4,0"));
-    const int number = sheet.column(QStringLiteral("NUMERO,N,3,0"));
-    const int name = sheet.column(QStringLiteral("NOME,C,25"));
-    QStringList lines;
-    for (int row = 0; row < sheet.dataRowCount(); ++row) {
-        if (!isBlankRow(sheet, row, { command, number, name })) {
-            lines.append(sheet.cell(row, number) + QStringLiteral(",0, ") + sheet.cell(row, command)
-                + QStringLiteral(", y, x, ") + sheet.cell(row, name));
-        }
-    }
-    return lines;
+    return exchangeLines(sheet,
+        { QStringLiteral("COMANDO,N,4,0"), QStringLiteral("NUMERO,N,3,0"), QStringLiteral("NOME,C,25") },
+        [](int, const RowCells& cells) {
+            const auto& [command, number, name] = cells;
+            return QString(number + QStringLiteral(",0, ") + command + QStringLiteral(", y, x, ") + name);
+        });
 }
 
 // The back office writes its prices with a decimal comma.
 QStringList productLines(const Worksheet& sheet)
 {
-    const int number = sheet.column(QStringLiteral("NUMERO,N,6,0"));
-    const int text = sheet.column(QStringLiteral("PLU,C,20"));
-    const int price = sheet.column(QStringLiteral("VENDA,N,12,2"));
-    QStringList lines;
-    for (int row = 0; row < sheet.dataRowCount(); ++row) {
-        if (isBlankRow(sheet, row, { number, text, price })) {
-            continue;
-        }
-        QString sale = sheet.cell(row, price);
-        if (const qsizetype comma = sale.indexOf(u','); comma >= 0) {
-            sale[comma] = u'.';
-        }
-        lines.append(QStringLiteral("0, ") + sheet.cell(row, number) + QStringLiteral(",0, ")
-            + sheet.cell(row, number) + QStringLiteral(", ") + checkedPrice(sheet, row, sale)
-            + QStringLiteral(", ") + sheet.cell(row, text));
-    }
-    return lines;
+    return exchangeLines(sheet,
+        { QStringLiteral("NUMERO,N,6,0"), QStringLiteral("PLU,C,20"), QStringLiteral("VENDA,N,12,2") },
+        [&sheet](int row, const RowCells& cells) {
+            const auto& [number, text, price] = cells;
+            QString sale = price;
+            if (const qsizetype comma = sale.indexOf(u','); comma >= 0) {
+                sale[comma] = u'.';
+            }
+            return QString(QStringLiteral("0, ") + number + QStringLiteral(",0, ") + number
+                + QStringLiteral(", ") + checkedPrice(sheet, row, sale) + QStringLiteral(", ") + text);
+        });
 }
 
 void checkCapacity(const QString& path, const QStringList& lines)
