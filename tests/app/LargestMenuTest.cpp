@@ -164,7 +164,10 @@ void LargestMenuTest::sendsIntoTheSimulatorWithinBudget()
 void LargestMenuTest::printsEveryPageOfAllToPdf()
 {
     const QString pdf = m_root.path() + u"/all.pdf"_s;
+    QElapsedTimer timer;
+    timer.start();
     const CliRun run = runCli({ u"print"_s, m_largest->FilePrefix, u"--pdf"_s, pdf, u"--all"_s });
+    qInfo("quorvel-cli print --all, start-up and loading included: %lld ms", timer.elapsed());
     QVERIFY2(run.exitCode == 0, qPrintable(run.err));
     QCOMPARE(PdfPages::pageCount(pdf), 13 * 2);
     QVERIFY(PdfPages::text(pdf, 1).contains(m_largest->LanguageTable.at(1000, 1).left(20)));
