@@ -30,11 +30,9 @@ BackgroundEffectsDialog::BackgroundEffectsDialog(
     setModal(true);
 
     m_command1 = named(new ColorButton(QString(), prompts, this), QStringLiteral("Command1"));
-    m_command1->setAutoDefault(false);
     m_text1 = named(new QLineEdit(this), QStringLiteral("Text1"));
     m_text1->setMinimumWidth(260);
-    auto* browse = named(new QPushButton(QStringLiteral("B&rowse"), this), QStringLiteral("Command2"));
-    browse->setAutoDefault(false);
+    auto* browse = commandButton(this, QStringLiteral("Command2"), QStringLiteral("B&rowse"));
     auto* close = named(new QPushButton(QStringLiteral("Close &Windows"), this), QStringLiteral("Command3"));
     auto* resolution
         = named(new QLabel(QStringLiteral("Resolution ( 465*516 px)"), this), QStringLiteral("Label3"));

@@ -26,6 +26,8 @@ ColorButton::ColorButton(const QString& caption, UserPrompts& prompts, QWidget* 
     : QPushButton(caption, parent)
     , m_prompts(prompts)
 {
+    // Enter in a dialog's boxes closes the dialog; it never opens the colour dialog.
+    setAutoDefault(false);
     setIconSize(SwatchSize);
     setColorNumber(0);
 }

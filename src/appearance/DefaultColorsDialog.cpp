@@ -63,9 +63,6 @@ QWidget* DefaultColorsDialog::buildKindFrame(int kind, const QString& name, cons
     auto* form = new QFormLayout(frame);
     form->addRow(backLabel, back);
     form->addRow(foreLabel, fore);
-    for (ColorButton* button : { back, fore }) {
-        button->setAutoDefault(false);
-    }
     connect(back, &QPushButton::clicked, this, [this, kind] { Command3_Click(kind); });
     connect(fore, &QPushButton::clicked, this, [this, kind] { Command4_Click(kind); });
     return frame;
@@ -74,7 +71,6 @@ QWidget* DefaultColorsDialog::buildKindFrame(int kind, const QString& name, cons
 QLayout* DefaultColorsDialog::buildPageAndFont()
 {
     m_command5 = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command5"));
-    m_command5->setAutoDefault(false);
     m_command5->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // a swatch, like the kinds' buttons
     m_combo1 = named(new QComboBox(this), QStringLiteral("Combo1"));
     // A font the printer does not list can still be typed in.
@@ -85,14 +81,10 @@ QLayout* DefaultColorsDialog::buildPageAndFont()
     m_label1->setMinimumHeight(32);
 
     auto* form = new QFormLayout;
-    const auto labelled = [&](const QString& name, const QString& caption, QWidget* field) {
-        auto* label = named(new QLabel(caption, this), name);
-        label->setBuddy(field);
-        form->addRow(label, field);
-    };
-    labelled(QStringLiteral("Label6"), QStringLiteral("&BackColor"), m_command5);
-    labelled(QStringLiteral("Label4"), QStringLiteral("&Font"), m_combo1);
-    labelled(QStringLiteral("Label3"), QStringLiteral("&Currency"), m_text3);
+    form->addRow(
+        buddyLabel(this, QStringLiteral("Label6"), QStringLiteral("&BackColor"), m_command5), m_command5);
+    form->addRow(buddyLabel(this, QStringLiteral("Label4"), QStringLiteral("&Font"), m_combo1), m_combo1);
+    form->addRow(buddyLabel(this, QStringLiteral("Label3"), QStringLiteral("&Currency"), m_text3), m_text3);
     form->addRow(m_label1);
 
     connect(m_command5, &QPushButton::clicked, this, &DefaultColorsDialog::Command5_Click);

@@ -125,9 +125,6 @@ QWidget* EditLineDialog::buildColorArea()
     m_label1 = previewLabel(area, QStringLiteral("Label1"));
     m_label1->setAutoFillBackground(true);
     m_label1->setMargin(4);
-    for (ColorButton* button : { m_command1, m_command2 }) {
-        button->setAutoDefault(false);
-    }
     connect(m_command1, &QPushButton::clicked, this, &EditLineDialog::Command1_Click);
     connect(m_command2, &QPushButton::clicked, this, &EditLineDialog::Command2_Click);
 

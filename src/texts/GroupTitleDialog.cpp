@@ -61,9 +61,6 @@ QLayout* GroupTitleDialog::buildColorRows()
     // The picture is chosen with Browse, which also stores it.
     m_text1->setReadOnly(true);
     auto* browse = commandButton(this, QStringLiteral("Command5"), QStringLiteral("Browse"));
-    for (ColorButton* button : { m_command1, m_command2 }) {
-        button->setAutoDefault(false);
-    }
     connect(m_command1, &QPushButton::clicked, this, &GroupTitleDialog::Command1_Click);
     connect(m_command2, &QPushButton::clicked, this, &GroupTitleDialog::Command2_Click);
     connect(browse, &QPushButton::clicked, this, &GroupTitleDialog::Command5_Click);
