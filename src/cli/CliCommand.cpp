@@ -54,6 +54,15 @@ void loadComponentFiles(MenuDocument& document, const QString& prefix)
     }
 }
 
+void saveComponentFiles(MenuDocument& document, const QString& prefix)
+{
+    document.FilePrefix = prefix;
+    const QStringList failed = ComponentFiles::save(document);
+    if (!failed.isEmpty()) {
+        throw CliError(QStringLiteral("cannot write '%1'").arg(failed.first()));
+    }
+}
+
 void printToStderr(const QString& line)
 {
     std::fputs(qPrintable(line + u'\n'), stderr);

@@ -48,5 +48,9 @@ class MenuDocument;
 // Throws CliError when there are none.
 void loadComponentFiles(MenuDocument& document, const QString& prefix);
 
+// Writes all component files of the document under the prefix. Throws CliError naming the first
+// file that could not be written.
+void saveComponentFiles(MenuDocument& document, const QString& prefix);
+
 // Messages that a window would show in a box, for standard error.
 void printToStderr(const QString& line);

@@ -2,7 +2,6 @@
 
 #include "CliCommand.h"
 #include "catalogue/ProductImport.h"
-#include "document/ComponentFiles.h"
 #include "document/MenuDocument.h"
 #include "document/Project.h"
 #include "document/WorkingPaths.h"
@@ -52,10 +51,6 @@ int runImport(const QStringList& arguments)
         const QString source = kind == u"last" ? WorkingPaths::exchangeFile() : parser.positional(1);
         throw CliError(QStringLiteral("cannot open '%1'").arg(source));
     }
-    document.FilePrefix = parser.positional(2);
-    const QStringList failed = ComponentFiles::save(document);
-    if (!failed.isEmpty()) {
-        throw CliError(QStringLiteral("cannot write '%1'").arg(failed.first()));
-    }
+    saveComponentFiles(document, parser.positional(2));
     return 0;
 }

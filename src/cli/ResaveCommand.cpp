@@ -1,7 +1,6 @@
 #include "ResaveCommand.h"
 
 #include "CliCommand.h"
-#include "document/ComponentFiles.h"
 #include "document/MenuDocument.h"
 
 int runResave(const QStringList& arguments)
@@ -18,10 +17,6 @@ int runResave(const QStringList& arguments)
 
     MenuDocument document;
     loadComponentFiles(document, parser.positional(0));
-    document.FilePrefix = parser.positional(1);
-    const QStringList failed = ComponentFiles::save(document);
-    if (!failed.isEmpty()) {
-        throw CliError(QStringLiteral("cannot write '%1'").arg(failed.first()));
-    }
+    saveComponentFiles(document, parser.positional(1));
     return 0;
 }
