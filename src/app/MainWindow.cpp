@@ -1,7 +1,7 @@
 #include "MainWindow.h"
 
 #include "BusyCursor.h"
-#include "HandlerGuard.h"
+#include "ChangeNames.h"
 #include "appearance/BackgroundEffectsDialog.h"
 #include "appearance/DefaultColorsDialog.h"
 #include "catalogue/CataloguePanel.h"
@@ -95,6 +95,7 @@ private:
 MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     : QMainWindow(parent)
     , m_prompts(prompts)
+    , m_history(m_document, WorkingPaths::workingRoot())
     , m_link(std::make_unique<DravlinkLibrary>())
     , m_timer1(new QTimer(this))
     , m_translator(std::make_unique<WebTranslationClient>(prompts))
@@ -108,10 +109,15 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     connect(m_timer1, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
 
     guarded([this] { startUp(); });
+    // Undoing stops at the menu the working copy held.
+    m_history.reset();
+    HandlerGuard::setObserver(this);
+    updateUndoActions();
 }
 
 MainWindow::~MainWindow()
 {
+    HandlerGuard::setObserver(nullptr);
     // Closing the window while it is destroyed takes the focus off a row, which would commit the row
     // into a document that is already gone: the row handlers go first.
     delete m_rowHandlers;
@@ -182,6 +188,14 @@ void MainWindow::buildMenuBar()
     addMenuItem(
         file, QStringLiteral("Exit"), QStringLiteral("E&xit"), &MainWindow::Exit_Click, QKeySequence::Quit);
 
+    QMenu* edit = menuBar()->addMenu(QStringLiteral("&Edit"));
+    m_undo = addMenuItem(edit, QStringLiteral("EditUndo"), QStringLiteral("Undo"),
+        &MainWindow::EditUndo_Click, QKeySequence::Undo);
+    m_redo
+        = addMenuItem(edit, QStringLiteral("EditRedo"), QStringLiteral("Redo"), &MainWindow::EditRedo_Click);
+    m_redo->setShortcuts(
+        { QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y) });
+
     QMenu* import = menuBar()->addMenu(QStringLiteral("&Import"));
     addMenuItem(import, QStringLiteral("ImportFromDll"), QStringLiteral("Import From &Last Sended Plus"),
         &MainWindow::ImportFromDll_Click);
@@ -205,7 +219,10 @@ QAction* MainWindow::addMenuItem(
     QAction* action = menu ? menu->addAction(caption) : menuBar()->addAction(caption);
     action->setObjectName(name);
     action->setShortcut(shortcut);
-    connect(action, &QAction::triggered, this, handler);
+    connect(action, &QAction::triggered, this, [this, action, handler] {
+        nameChangeAfter(action);
+        (this->*handler)();
+    });
     return action;
 }
 
@@ -233,6 +250,7 @@ void MainWindow::Update_Page()
 
 void MainWindow::showBackgroundEffects(int side)
 {
+    HandlerGuard::nameChange(QStringLiteral("Background effects"));
     m_side = side;
     guarded([this] {
         BackgroundEffectsDialog dialog(
@@ -288,6 +306,8 @@ void MainWindow::Save_Click()
 {
     guarded([this] {
         const AutosavePause pause(m_timer1);
+        // Saving points the document at its file; that is nothing to undo.
+        HandlerGuard::keepOutOfHistory();
         const QString path = m_prompts.askSaveFile(QStringLiteral("*.QV1"));
         if (path.isEmpty()) {
             return;
@@ -307,11 +327,13 @@ void MainWindow::New_Click()
     guarded([this] { startNewDocument(); });
 }
 
+// The working folder's files, pictures included, are kept for as long as the change can be undone.
 void MainWindow::startNewDocument()
 {
     m_modifiers->clearLists();
     m_catalogue->clearPluList();
-    Project::clear(m_document);
+    const QString keepIn = m_history.newKeepingFolder();
+    m_history.keepFiles(WorkingPaths::workingFolder(), keepIn, Project::clear(m_document, keepIn));
     m_pageView->setCurrentPage(1);
     m_pageView->Update_Page();
     if (QWidget* firstRow = m_pageView->findChild<QWidget*>(QStringLiteral("Linhas_0"))) {
@@ -377,6 +399,7 @@ QString MainWindow::frontRowProperty(int row, const char* name) const
 // The editors write into the document as the user edits; the page shows it once they are closed.
 void MainWindow::openLineEditor(const LineEditRequest& request)
 {
+    HandlerGuard::nameChange(QStringLiteral("Edit Line"));
     guarded([&] {
         const LineEditing::Opening opening { m_pageView->currentPage(), request.row,
             frontRowProperty(request.row, "text"), frontRowProperty(request.row, "tag"), request.pluNumber,
@@ -389,6 +412,7 @@ void MainWindow::openLineEditor(const LineEditRequest& request)
 
 void MainWindow::openGroupTitleEditor(int row, const QString& backText)
 {
+    HandlerGuard::nameChange(QStringLiteral("Group Title"));
     guarded([&] {
         GroupTitleDialog dialog(
             m_document, m_pageView->currentPage(), row, backText, *m_translator, m_prompts, this);
@@ -407,6 +431,43 @@ void MainWindow::SendAll_Click()
         }
         showOnce(m_sendDialog, [this] { return new SendDialog(m_document, *m_link, m_prompts, this); });
     });
+}
+
+// What the page shows after undoing is the document as it was; redrawing it writes back nothing new.
+void MainWindow::EditUndo_Click()
+{
+    guarded([this] {
+        HandlerGuard::keepOutOfHistory();
+        m_history.undo();
+        Refresh_Page();
+    });
+}
+
+void MainWindow::EditRedo_Click()
+{
+    guarded([this] {
+        HandlerGuard::keepOutOfHistory();
+        m_history.redo();
+        Refresh_Page();
+    });
+}
+
+void MainWindow::handlerEnded(const HandlerGuard::Change& change)
+{
+    if (change.undoable) {
+        m_history.record(change.name.isEmpty() ? tr("Change") : change.name, change.foldKey);
+    } else {
+        m_history.absorb();
+    }
+    updateUndoActions();
+}
+
+void MainWindow::updateUndoActions()
+{
+    m_undo->setEnabled(m_history.canUndo());
+    m_undo->setText(m_history.canUndo() ? tr("Undo %1").arg(m_history.undoName()) : tr("Undo"));
+    m_redo->setEnabled(m_history.canRedo());
+    m_redo->setText(m_history.canRedo() ? tr("Redo %1").arg(m_history.redoName()) : tr("Redo"));
 }
 
 void MainWindow::Exit_Click()

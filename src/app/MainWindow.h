@@ -1,7 +1,9 @@
 #pragma once
 
+#include "HandlerGuard.h"
 #include "designer/RowHandlers.h"
 #include "document/MenuDocument.h"
+#include "document/UndoHistory.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -21,8 +23,9 @@ class UserPrompts;
 
 // The designer's main window: the catalogue, the current page and the modifier lists, with the menu
 // bar. It owns the one document of the run and keeps its working copy: loaded when the window opens,
-// written every minute and when the window closes.
-class MainWindow : public QMainWindow
+// written every minute and when the window closes. Every change a handler makes is a step of its undo
+// history.
+class MainWindow : public QMainWindow, private HandlerGuard::Observer
 {
     Q_OBJECT
 
@@ -49,6 +52,8 @@ public slots:
     void ImportFromXls_Click();
     void ImportCSV_Click();
     void Exit_Click();
+    void EditUndo_Click();
+    void EditRedo_Click();
     void SendAll_Click();
     void Print_Click();
     void Colors_Click();
@@ -66,6 +71,10 @@ public slots:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
+
+private:
+    void handlerEnded(const HandlerGuard::Change& change) override;
+    void updateUndoActions();
 
 private:
     using Handler = void (MainWindow::*)();
@@ -89,6 +98,9 @@ private:
 
     UserPrompts& m_prompts;
     MenuDocument m_document;
+    UndoHistory m_history;
+    QAction* m_undo = nullptr;
+    QAction* m_redo = nullptr;
     std::unique_ptr<RadioLink> m_link;
     QPointer<SendDialog> m_sendDialog;
     QPointer<ReceptionWindow> m_receptionWindow;

@@ -1,5 +1,6 @@
 #include "CataloguePanel.h"
 
+#include "app/ChangeNames.h"
 #include "app/EnterKey.h"
 #include "app/HandlerGuard.h"
 #include "app/NamedWidgets.h"
@@ -104,6 +105,7 @@ QSize CataloguePanel::sizeHint() const
 template<typename Handler>
 void CataloguePanel::guarded(Handler&& handler)
 {
+    nameChangeAfter(sender());
     runGuarded(m_prompts, std::forward<Handler>(handler));
 }
 

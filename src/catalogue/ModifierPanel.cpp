@@ -2,6 +2,7 @@
 
 #include "CataloguePanel.h"
 #include "ModifierEditing.h"
+#include "app/ChangeNames.h"
 #include "app/HandlerGuard.h"
 #include "app/UserPrompts.h"
 #include "document/MenuDocument.h"
@@ -91,6 +92,7 @@ QListWidget* ModifierPanel::addList(const QString& name, const QString& caption)
     auto* label = new QLabel(caption, this);
     auto* list = new QListWidget(this);
     list->setObjectName(name);
+    list->setAccessibleName(caption);
     label->setBuddy(list);
     layout()->addWidget(label);
     layout()->addWidget(list);
@@ -118,6 +120,7 @@ void ModifierPanel::addButtonRow(QPushButton* left, QPushButton* right)
 template<typename Work>
 void ModifierPanel::guarded(Work&& work)
 {
+    nameChangeAfter(sender());
     runGuarded(m_prompts, std::forward<Work>(work));
 }
 

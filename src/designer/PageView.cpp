@@ -4,6 +4,7 @@
 #include "PageRendering.h"
 #include "PictureBox.h"
 #include "RowDialog.h"
+#include "app/ChangeNames.h"
 #include "app/HandlerGuard.h"
 #include "app/NamedWidgets.h"
 #include "appearance/ColorNumbers.h"
@@ -304,6 +305,7 @@ void PageView::showRow(Row& row, const RowView& view)
 template<typename Handler>
 void PageView::guarded(Handler&& handler)
 {
+    nameChangeAfter(sender());
     runGuarded(m_prompts, std::forward<Handler>(handler));
 }
 

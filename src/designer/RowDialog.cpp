@@ -2,6 +2,7 @@
 
 #include "PageOperations.h"
 #include "PageView.h"
+#include "app/ChangeNames.h"
 #include "app/HandlerGuard.h"
 
 #include <QPushButton>
@@ -54,6 +55,7 @@ void RowDialog::Command3_Click()
 // A fault leaves the dialog open, as any handler the guard ended.
 void RowDialog::apply(Operation operation)
 {
+    nameChangeAfter(sender());
     const bool done = runGuarded(m_prompts, [&] {
         operation(m_document, m_view.currentPage(), m_view.selectedRow());
         m_view.Update_Page();

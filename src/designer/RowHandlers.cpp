@@ -104,8 +104,15 @@ QString RowHandlers::tagOf(int row) const
     return m_rows[static_cast<std::size_t>(row)].Linhas->property("tag").toString();
 }
 
+// Typing in one box is one change to undo, from the first key to leaving the box.
+void RowHandlers::nameTyping(const QLineEdit* box)
+{
+    HandlerGuard::nameChange(tr("Typing"), box);
+}
+
 void RowHandlers::Linhas_Change(int row)
 {
+    nameTyping(m_rows[static_cast<std::size_t>(row)].Linhas);
     guarded([&] {
         const QString tag = tagOf(row);
         if (isBlankTag(tag)) {
@@ -121,6 +128,7 @@ void RowHandlers::Linhas_Change(int row)
 
 void RowHandlers::Linhas_LostFocus(int row)
 {
+    nameTyping(m_rows[static_cast<std::size_t>(row)].Linhas);
     guarded([&] { commit(row); });
 }
 
@@ -155,6 +163,7 @@ void RowHandlers::Linhas_DblClick(int row)
 
 void RowHandlers::LinhasVerso_Change(int row)
 {
+    nameTyping(m_rows[static_cast<std::size_t>(row)].LinhasVerso);
     guarded([&] {
         m_document.LineLayouts[slotOf(row)].backText
             = m_rows[static_cast<std::size_t>(row)].LinhasVerso->text();
@@ -170,6 +179,7 @@ void RowHandlers::LinhasVerso_DblClick(int row)
 
 void RowHandlers::Price_Change(int row)
 {
+    nameTyping(m_rows[static_cast<std::size_t>(row)].Price);
     guarded([&] {
         const QString tag = tagOf(row);
         if (!isBlankTag(tag)) {
@@ -180,6 +190,7 @@ void RowHandlers::Price_Change(int row)
 
 void RowHandlers::Command12_Click(int row)
 {
+    HandlerGuard::nameChange(tr("Place Product"));
     guarded([&] {
         const int selected = m_catalogue.selectedRow();
         if (selected < 0) {

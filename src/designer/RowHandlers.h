@@ -63,6 +63,7 @@ private:
     };
 
     void connectRow(int index);
+    static void nameTyping(const QLineEdit* box);
     void commit(int row);
     int slotOf(int row) const;
     QString tagOf(int row) const;

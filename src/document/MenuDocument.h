@@ -105,13 +105,18 @@ public:
     void clear();
     void setDefaultLanguageNames();
 
+    // Every cell in one run, for code that compares or copies the whole table.
+    static constexpr int CellCount = Limits::LanguageRowCount * (Limits::LanguageCount + 1);
+    QString& cellAt(int index) { return m_texts[index]; }
+    const QString& cellAt(int index) const { return m_texts[index]; }
+
     bool operator==(const LanguageTable&) const = default;
 
 private:
     static constexpr int ColumnCount = Limits::LanguageCount + 1;
     static int cell(int key, int language);
 
-    FixedTable<QString, Limits::LanguageRowCount * ColumnCount> m_texts;
+    FixedTable<QString, CellCount> m_texts;
 };
 
 template<typename T>

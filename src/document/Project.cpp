@@ -20,12 +20,21 @@ bool writeMarker(const QString& path)
     return marker.open(QIODevice::WriteOnly) && marker.write("OK\r\n") == 4 && marker.commit();
 }
 
-void deleteWorkingFiles()
+// Moves the working files into keepIn, or deletes them when there is no such folder. Returns the names
+// of the files moved.
+QStringList removeWorkingFiles(const QString& keepIn)
 {
     QDir folder(WorkingPaths::workingFolder());
+    QStringList moved;
     for (const QString& name : folder.entryList(QDir::Files | QDir::Hidden | QDir::System)) {
-        folder.remove(name); // a file that is locked or already gone is passed over
+        // A file that is locked or already gone is passed over.
+        if (keepIn.isEmpty()) {
+            folder.remove(name);
+        } else if (folder.rename(name, keepIn + u'/' + name)) {
+            moved.append(name);
+        }
     }
+    return moved;
 }
 
 void clearLines(MenuDocument& document)
@@ -106,10 +115,11 @@ QStringList save(MenuDocument& document, const QString& chosenPath)
     return failed + ComponentFiles::save(document);
 }
 
-void clear(MenuDocument& document)
+QStringList clear(MenuDocument& document, const QString& keepIn)
 {
-    deleteWorkingFiles();
+    const QStringList moved = removeWorkingFiles(keepIn);
     clearTables(document);
+    return moved;
 }
 
 void clearTables(MenuDocument& document)

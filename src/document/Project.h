@@ -26,9 +26,10 @@ void open(MenuDocument& document, const QString& markerPath);
 // Returns the paths that could not be written.
 QStringList save(MenuDocument& document, const QString& chosenPath);
 
-// Starts an empty menu: empties the document's tables and deletes the autosaved files of the working
-// folder. Page version "1", no language names, no page colours or pictures.
-void clear(MenuDocument& document);
+// Starts an empty menu: empties the document's tables and deletes the files of the working folder, or
+// moves them into keepIn when it is given, so that the change can be undone. Page version "1", no
+// language names, no page colours or pictures. Returns the names of the files moved.
+QStringList clear(MenuDocument& document, const QString& keepIn = {});
 
 // Empties the document's tables as clear does, leaving the working folder alone.
 void clearTables(MenuDocument& document);

@@ -133,8 +133,8 @@ void MainWindowTest::titleAndMenuBarAreThoseOfTheDesigner()
         menus.append(QString(action->text()).remove(u'&'));
     }
     QCOMPARE(menus,
-        QStringList({ QStringLiteral("File"), QStringLiteral("Import"), QStringLiteral("Send"),
-            QStringLiteral("Receive"), QStringLiteral("Upgrade Firmware") }));
+        QStringList({ QStringLiteral("File"), QStringLiteral("Edit"), QStringLiteral("Import"),
+            QStringLiteral("Send"), QStringLiteral("Receive"), QStringLiteral("Upgrade Firmware") }));
 }
 
 void MainWindowTest::timerTickWritesTheWorkingCopyEvenAfterANamedSave()
