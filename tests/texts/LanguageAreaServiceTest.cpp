@@ -72,6 +72,7 @@ void LanguageAreaServiceTest::cleanup()
     qunsetenv("QUORVEL_TRANSLATE_URL");
 }
 
+// The time limit is ample for a service on this machine and short for one that never answers.
 void LanguageAreaServiceTest::openArea(std::chrono::milliseconds timeLimit)
 {
     m_client = std::make_unique<WebTranslationClient>(timeLimit);
@@ -120,7 +121,7 @@ void LanguageAreaServiceTest::aFailedTranslationKeepsTheTexts()
     QFETCH(QByteArray, page);
     QFETCH(LocalTranslationService::Answer, answer);
     QFETCH(QString, reason);
-    openArea(300ms);
+    openArea(2s);
     QSignalSpy stored(m_area.get(), &LanguageArea::textChanged);
 
     m_service->serve(page, answer);
@@ -141,7 +142,7 @@ void LanguageAreaServiceTest::aFailedTranslationKeepsTheTexts()
 
 void LanguageAreaServiceTest::translateAllTellsEachReasonOnce()
 {
-    openArea(300ms);
+    openArea(2s);
     m_client->setConnectionCheck([](const QUrl&) { return false; });
     click(u"Command5"_s);
     QCOMPARE(
