@@ -98,7 +98,7 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     , m_history(m_document, WorkingPaths::workingRoot())
     , m_link(std::make_unique<DravlinkLibrary>())
     , m_timer1(new QTimer(this))
-    , m_translator(std::make_unique<WebTranslationClient>(prompts))
+    , m_translator(std::make_unique<WebTranslationClient>())
 {
     setObjectName(QStringLiteral("MainWindow"));
     buildPanels();

@@ -5,7 +5,6 @@
 void CliPrompts::showMessage(const QString& text)
 {
     printToStderr(QStringLiteral("quorvel-cli: ") + text);
-    ++m_messagesShown;
 }
 
 QString CliPrompts::askText(const QString&)

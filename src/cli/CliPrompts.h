@@ -12,10 +12,4 @@ public:
     QString askOpenFile(const QString& preset) override;
     QString askSaveFile(const QString& preset) override;
     std::optional<std::int32_t> askColor(std::int32_t initialColor) override;
-
-    // A message means the operation did not do what was asked.
-    int messagesShown() const { return m_messagesShown; }
-
-private:
-    int m_messagesShown = 0;
 };

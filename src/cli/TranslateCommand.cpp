@@ -1,7 +1,6 @@
 #include "TranslateCommand.h"
 
 #include "CliCommand.h"
-#include "CliPrompts.h"
 #include "texts/WebTranslationClient.h"
 
 #include <cstdio>
@@ -22,16 +21,15 @@ int runTranslate(const QStringList& arguments)
         return 0;
     }
 
-    CliPrompts prompts;
-    WebTranslationClient client(prompts);
+    WebTranslationClient client;
     QString sourceLanguage = parser.positional(1);
-    const QString translation
-        = client.TranslateUnicode(parser.positional(0), sourceLanguage, parser.positional(2));
-    // What the designer would put in the text box after a message is not a translation.
-    if (prompts.messagesShown() > 0) {
-        return 1;
+    const Translation translation
+        = client.TranslateUnicode(parser.positional(0), sourceLanguage, parser.positional(2), nullptr);
+    // The designer would show each message in a box of its own; a script reads one line.
+    if (!translation.text) {
+        throw CliError(translation.messages.join(u' '));
     }
-    const QByteArray line = translation.toUtf8() + '\n';
+    const QByteArray line = translation.text->toUtf8() + '\n';
     std::fwrite(line.constData(), 1, static_cast<std::size_t>(line.size()), stdout);
     return 0;
 }

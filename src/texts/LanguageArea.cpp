@@ -1,5 +1,6 @@
 #include "LanguageArea.h"
 
+#include "TranslationProgress.h"
 #include "TranslationSource.h"
 #include "Translator.h"
 #include "app/HandlerGuard.h"
@@ -126,33 +127,60 @@ void LanguageArea::Lingua_Change(int row)
 
 void LanguageArea::Command4_Click(int row)
 {
-    guarded([&] { translateInto(row); });
+    guarded([&] {
+        QStringList told;
+        translateInto(row, told);
+    });
 }
 
-// Row 0 is the line's own text: it is only ever translated on its own button.
+// Row 0 is the line's own text: it is only ever translated on its own button. A reason that stops
+// one language usually stops them all, so each is told once.
 void LanguageArea::TranslateAll_Click()
 {
     guarded([&] {
+        QStringList told;
         for (int row = 1; row < Rows; ++row) {
-            translateInto(row);
+            if (!translateInto(row, told)) {
+                return; // cancelled: the languages left keep their texts
+            }
         }
     });
 }
 
-// The row is emptied first so that it can never be its own source.
-void LanguageArea::translateInto(int row)
+// The row counts as empty while the source is chosen, so that it can never be its own source. A
+// translation replaces its text; when none came back, the text the user had stays. Returns false when
+// the user cancelled.
+bool LanguageArea::translateInto(int row, QStringList& told)
 {
-    textBox(row)->clear();
     QStringList names;
     QStringList texts;
     for (int index = 0; index < Rows; ++index) {
         names.append(languageName(index));
-        texts.append(text(index));
+        texts.append(index == row ? QString() : text(index));
     }
     const int source = translationSource(names, texts);
+    // With nothing to translate from, "Auto" has always left its row empty.
     if (source < 0) {
-        return;
+        textBox(row)->clear();
+        return true;
     }
     QString sourceLanguage = names[source];
-    textBox(row)->setText(m_translator.TranslateUnicode(texts[source], sourceLanguage, names[row]));
+    TranslationProgress progress(window(), texts[source], names[row]);
+    const Translation translation
+        = m_translator.TranslateUnicode(texts[source], sourceLanguage, names[row], &progress);
+    tellOnce(translation.messages, told);
+    if (translation.text) {
+        textBox(row)->setText(*translation.text);
+    }
+    return !translation.cancelled;
+}
+
+void LanguageArea::tellOnce(const QStringList& messages, QStringList& told)
+{
+    for (const QString& message : messages) {
+        if (!told.contains(message)) {
+            told.append(message);
+            m_prompts.showMessage(message);
+        }
+    }
 }

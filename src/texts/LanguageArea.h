@@ -53,7 +53,8 @@ private:
 
     void buildRow(int index);
     void connectRows();
-    void translateInto(int row);
+    bool translateInto(int row, QStringList& told);
+    void tellOnce(const QStringList& messages, QStringList& told);
     QString languageName(int row) const;
 
     template<typename Work>

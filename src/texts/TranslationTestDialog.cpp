@@ -1,5 +1,6 @@
 #include "TranslationTestDialog.h"
 
+#include "TranslationProgress.h"
 #include "app/HandlerGuard.h"
 
 #include <QComboBox>
@@ -38,7 +39,6 @@ void addRow(QFormLayout& layout, const QString& caption, QWidget* field)
 TranslationTestDialog::TranslationTestDialog(UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
     , m_prompts(prompts)
-    , m_client(prompts)
     , m_source(addLanguageList(u"Combo1"_s))
     , m_target(addLanguageList(u"Combo2"_s))
     , m_text(makeTextBox(u"Text1"_s, this))
@@ -72,14 +72,23 @@ const QStringList& TranslationTestDialog::languageNames()
     return names;
 }
 
-// The boxes show line breaks as LF; the menu's texts and the service use CR LF.
+// The boxes show line breaks as LF; the menu's texts and the service use CR LF. A result box left
+// as it was would pass an earlier translation off as this one's, so a failure empties it.
 void TranslationTestDialog::Command1_Click()
 {
     runGuarded(m_prompts, [this] {
+        m_result->clear();
         QString source = m_source->currentText();
+        const QString target = m_target->currentText();
         const QString text = m_text->toPlainText().replace(u'\n', CrLf);
-        const QString translation = m_client.TranslateUnicode(text, source, m_target->currentText());
-        m_result->setPlainText(QString(translation).replace(CrLf, u"\n"_s));
+        TranslationProgress progress(this, text, target);
+        const Translation translation = m_client.TranslateUnicode(text, source, target, &progress);
+        for (const QString& message : translation.messages) {
+            m_prompts.showMessage(message);
+        }
+        if (translation.text) {
+            m_result->setPlainText(QString(*translation.text).replace(CrLf, u"\n"_s));
+        }
     });
 }
 

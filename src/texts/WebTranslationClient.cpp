@@ -1,7 +1,7 @@
 #include "WebTranslationClient.h"
 
 #include "TranslationService.h"
-#include "app/UserPrompts.h"
+#include "TranslationWaiting.h"
 #include "document/AnsiCodec.h"
 #include "document/Fault.h"
 #include "document/NumberText.h"
@@ -24,6 +24,13 @@ using namespace Qt::StringLiterals;
 namespace {
 
 const QString CrLf = u"\r\n"_s;
+
+const QString AutomaticTarget = u"Cant use autoDetect to the language you want to translate."_s;
+const QString NoConnection = u"You need a internet Connection to be translate your text."_s;
+const QString CouldNotTranslate = u"Could  not  translate  the  text,  sorry "_s;
+const QString NoService
+    = u"No translation service is set. Enter its address under File, Translation Service, "
+      u"or in QUORVEL_TRANSLATE_URL."_s;
 
 // The spellings are the menu's own: "Frances" has a code, "french" falls to automatic detection.
 const std::pair<QString, QString> LanguageCodes[] = {
@@ -98,10 +105,11 @@ bool machineIsConnected(const QUrl& service)
 }
 
 // Line breaks and blanks are all the service needs escaped; everything else goes as typed, so that
-// an "&" in the text still splits the query.
+// an "&" in the text still splits the query. A "%" is escaped first, or the service would read "%20"
+// typed in a text as a blank.
 QString escapedText(const QString& text)
 {
-    return QString(text).replace(CrLf, u"%0D%0A"_s).replace(u' ', u"%20"_s);
+    return QString(text).replace(u'%', u"%25"_s).replace(CrLf, u"%0D%0A"_s).replace(u' ', u"%20"_s);
 }
 
 // The address goes out in windows-1252. Bytes beyond ASCII are percent-encoded here, or QUrl would
@@ -136,30 +144,70 @@ QChar codeUnit(const QString& number)
     return QChar(static_cast<char16_t>(code < 0 ? code + 0x10000 : code));
 }
 
+// Where the request's word for a failure is "error", a text that is itself "error" has always been
+// told that it could not be translated as well.
+Translation failedWithTheWordError(const QString& message, const QString& text)
+{
+    return text == u"error" ? Translation::failedWith({ message, CouldNotTranslate })
+                            : Translation::failedWith({ message });
+}
+
+// A young request keeps the windows painting but takes no input. Once it has taken a while and the
+// user is shown that it waits, input goes on, to the window that offers Cancel.
+void waitForReply(QNetworkReply& reply, TranslationWaiting* waiting, const std::function<void()>& cancel)
+{
+    QEventLoop loop;
+    QObject::connect(&reply, &QNetworkReply::finished, &loop, &QEventLoop::quit);
+    QTimer patience;
+    patience.setSingleShot(true);
+    if (waiting) {
+        QObject::connect(&patience, &QTimer::timeout, &loop, &QEventLoop::quit);
+        patience.start(WebTranslationClient::WaitingShownAfter);
+    }
+    if (!reply.isFinished()) {
+        loop.exec(QEventLoop::ExcludeUserInputEvents);
+    }
+    if (reply.isFinished() || !waiting) {
+        return;
+    }
+    waiting->started(cancel);
+    if (!reply.isFinished()) {
+        loop.exec();
+    }
+    waiting->ended();
+}
+
+QString inSeconds(std::chrono::milliseconds duration)
+{
+    return QString::number(static_cast<double>(duration.count()) / 1000.0);
+}
+
 } // namespace
 
-WebTranslationClient::WebTranslationClient(UserPrompts& prompts, std::chrono::milliseconds timeLimit)
-    : m_prompts(prompts)
-    , m_timeLimit(timeLimit)
+WebTranslationClient::WebTranslationClient(std::chrono::milliseconds timeLimit)
+    : m_timeLimit(timeLimit)
     , m_hasConnection(machineIsConnected)
     , m_network(std::make_unique<QNetworkAccessManager>())
 { }
 
 WebTranslationClient::~WebTranslationClient() = default;
 
-QString WebTranslationClient::TranslateUnicode(
-    const QString& text, QString& sourceLanguage, const QString& targetLanguage)
+Translation WebTranslationClient::TranslateUnicode(
+    const QString& text, QString& sourceLanguage, const QString& targetLanguage, TranslationWaiting* waiting)
 {
     checknChangeToDuche(targetLanguage, sourceLanguage);
-    QString raw = RequestTranslation(text, sourceLanguage, targetLanguage);
+    const Translation request = RequestTranslation(text, sourceLanguage, targetLanguage, waiting);
+    if (!request.text) {
+        return request;
+    }
+    QString raw = *request.text;
     // Only a text that is itself "error" counts as failed; otherwise the word is the translation.
     if (raw == u"error" && raw == text) {
-        m_prompts.showMessage(u"Could  not  translate  the  text,  sorry "_s);
-        return {};
+        return Translation::failedWith({ CouldNotTranslate });
     }
     raw.replace(u" &lt;br&gt;"_s, CrLf);
     m_lastRawResult = raw;
-    return decodeResult(std::move(raw));
+    return Translation::translatedAs(decodeResult(std::move(raw)));
 }
 
 QString WebTranslationClient::decodeResult(QString raw)
@@ -170,52 +218,81 @@ QString WebTranslationClient::decodeResult(QString raw)
     return raw;
 }
 
-QString WebTranslationClient::RequestTranslation(
-    const QString& text, const QString& sourceLanguage, const QString& targetLanguage)
+Translation WebTranslationClient::RequestTranslation(const QString& text, const QString& sourceLanguage,
+    const QString& targetLanguage, TranslationWaiting* waiting)
 {
     const QString sourceCode = languageCode(sourceLanguage);
     const QString targetCode = languageCode(targetLanguage);
     if (targetCode == u"auto") {
-        m_prompts.showMessage(u"Cant use autoDetect to the language you want to translate."_s);
-        return u"Error"_s;
+        return Translation::failedWith({ AutomaticTarget });
     }
     // Without an address there is nothing to connect to: the user is told where to set it, and the
     // call fails as it does without a connection.
     const QString service = TranslationService::address();
     if (service.isEmpty()) {
-        m_prompts.showMessage(u"No translation service is set. Enter its address under File, Translation "
-                              u"Service, or in QUORVEL_TRANSLATE_URL."_s);
-        return u"error"_s;
+        return failedWithTheWordError(NoService, text);
     }
     if (!m_hasConnection(QUrl(service))) {
-        m_prompts.showMessage(u"You need a internet Connection to be translate your text."_s);
-        return u"error"_s;
+        return failedWithTheWordError(NoConnection, text);
     }
-    const QString page = DownloadPage(QString(service + u"/translate_t?sl="_s + sourceCode + u"&tl="_s
-        + targetCode + u"&text="_s + escapedText(text)));
+    const Page page = DownloadPage(service + u"/translate_t?sl="_s + sourceCode + u"&tl="_s + targetCode
+            + u"&text="_s + escapedText(text),
+        waiting);
+    if (page.ending == Page::Ending::Cancelled) {
+        return Translation::cancelledByTheUser();
+    }
+    // Whatever arrived is searched, as a page cut short may still hold the whole result.
     QString result;
-    ExtractResultText(page, result);
-    return result;
+    ExtractResultText(page.text, result);
+    if (result.isEmpty()) {
+        return Translation::failedWith({ failureMessage(service, page) });
+    }
+    return Translation::translatedAs(result);
 }
 
-QString WebTranslationClient::DownloadPage(const QString& address)
+WebTranslationClient::Page WebTranslationClient::DownloadPage(
+    const QString& address, TranslationWaiting* waiting)
 {
+    QByteArray bytes;
+    Page page;
     QNetworkRequest request(requestUrl(address));
     request.setHeader(QNetworkRequest::UserAgentHeader, u"VBTagEdit"_s);
     request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
     const std::unique_ptr<QNetworkReply> reply(m_network->get(request));
 
     // Read as it comes, so that an abort or a broken connection still leaves what had arrived.
-    QByteArray bytes;
     QObject::connect(reply.get(), &QIODevice::readyRead, reply.get(), [&] { bytes += reply->readAll(); });
-    QEventLoop loop;
-    QObject::connect(reply.get(), &QNetworkReply::finished, &loop, &QEventLoop::quit);
-    QTimer::singleShot(m_timeLimit, reply.get(), &QNetworkReply::abort);
-    if (!reply->isFinished()) {
-        loop.exec(QEventLoop::ExcludeUserInputEvents);
-    }
+    const auto endAs = [&](Page::Ending ending) {
+        if (!reply->isFinished()) {
+            page.ending = ending;
+            reply->abort();
+        }
+    };
+    QTimer::singleShot(m_timeLimit, reply.get(), [&] { endAs(Page::Ending::TimedOut); });
+    waitForReply(*reply, waiting, [&] { endAs(Page::Ending::Cancelled); });
+
     bytes += reply->readAll();
-    return AnsiCodec::decode(bytes);
+    page.text = AnsiCodec::decode(bytes);
+    if (page.ending == Page::Ending::Complete && reply->error() != QNetworkReply::NoError) {
+        page.ending = Page::Ending::Broken;
+        page.error = reply->errorString();
+    }
+    return page;
+}
+
+QString WebTranslationClient::failureMessage(const QString& service, const Page& page) const
+{
+    switch (page.ending) {
+    case Page::Ending::Broken:
+        return u"The request to the translation service at %1 failed: %2"_s.arg(service, page.error);
+    case Page::Ending::TimedOut:
+        return u"The translation service at %1 did not answer within %2 seconds."_s.arg(
+            service, inSeconds(m_timeLimit));
+    case Page::Ending::Complete:
+    case Page::Ending::Cancelled:
+        break;
+    }
+    return u"The translation service at %1 sent a page without a translation in it."_s.arg(service);
 }
 
 QString WebTranslationClient::languageCode(const QString& name)

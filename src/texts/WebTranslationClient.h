@@ -10,37 +10,36 @@
 #include <memory>
 
 class QNetworkAccessManager;
-class UserPrompts;
 
-// Translates through the web translation service's result page: one blocking GET per text, the
-// translated text cut out of the page's HTML and its entities and character references decoded.
-// While a page is fetched the windows keep painting but take no input.
+// Translates through the web translation service's result page: one GET per text, the translated text
+// cut out of the page's HTML and its entities and character references decoded. While a page is
+// fetched the windows keep painting; a request that takes a while is shown to the user, who may
+// cancel it.
 class WebTranslationClient : public Translator
 {
 public:
     using ConnectionCheck = std::function<bool(const QUrl& service)>;
 
-    explicit WebTranslationClient(
-        UserPrompts& prompts, std::chrono::milliseconds timeLimit = std::chrono::seconds(20));
+    // How long a request runs before the user is told that it is waiting and may cancel it.
+    static constexpr std::chrono::milliseconds WaitingShownAfter { 1000 };
+
+    explicit WebTranslationClient(std::chrono::milliseconds timeLimit = std::chrono::seconds(20));
     ~WebTranslationClient() override;
     WebTranslationClient(const WebTranslationClient&) = delete;
     WebTranslationClient& operator=(const WebTranslationClient&) = delete;
 
-    QString TranslateUnicode(
-        const QString& text, QString& sourceLanguage, const QString& targetLanguage) override;
+    Translation TranslateUnicode(const QString& text, QString& sourceLanguage, const QString& targetLanguage,
+        TranslationWaiting* waiting) override;
 
-    // What the service gave for the last call, before its entities were decoded.
+    // What the service gave for the last call that was translated, before its entities were decoded.
     const QString& lastRawResult() const { return m_lastRawResult; }
 
     // Replaces the check of the machine's internet connection.
     void setConnectionCheck(ConnectionCheck check) { m_hasConnection = std::move(check); }
 
-    // The raw result for the text, or "Error" / "error" after telling the user why there is none.
-    QString RequestTranslation(
-        const QString& text, const QString& sourceLanguage, const QString& targetLanguage);
-
-    // The page's text as windows-1252; on a network failure or after the time limit, what was read.
-    QString DownloadPage(const QString& address);
+    // The raw result for the text as cut out of the service's page, or why there is none.
+    Translation RequestTranslation(const QString& text, const QString& sourceLanguage,
+        const QString& targetLanguage, TranslationWaiting* waiting);
 
     // The service's code of a language name: names of one or two characters are codes already,
     // names not known become "auto".
@@ -68,7 +67,25 @@ public:
     static void replaceCharacterCodes(QString& text);
 
 private:
-    UserPrompts& m_prompts;
+    // The page as windows-1252 text, whatever of it arrived, and how the fetch ended.
+    struct Page
+    {
+        enum class Ending
+        {
+            Complete,
+            Broken,
+            TimedOut,
+            Cancelled,
+        };
+        QString text;
+        Ending ending = Ending::Complete;
+        QString error; // the network's words for a broken fetch
+    };
+
+    Page DownloadPage(const QString& address, TranslationWaiting* waiting);
+    // Why a page gave no translation, for the user.
+    QString failureMessage(const QString& service, const Page& page) const;
+
     std::chrono::milliseconds m_timeLimit;
     ConnectionCheck m_hasConnection;
     std::unique_ptr<QNetworkAccessManager> m_network;

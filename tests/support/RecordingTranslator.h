@@ -9,11 +9,11 @@
 class RecordingTranslator : public Translator
 {
 public:
-    QString TranslateUnicode(
-        const QString& text, QString& sourceLanguage, const QString& targetLanguage) override
+    Translation TranslateUnicode(const QString& text, QString& sourceLanguage, const QString& targetLanguage,
+        TranslationWaiting*) override
     {
         calls.append(sourceLanguage + u'>' + targetLanguage + u':' + text);
-        return targetLanguage + u':' + text;
+        return Translation::translatedAs(targetLanguage + u':' + text);
     }
 
     QStringList calls;

@@ -4,6 +4,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QThread>
+#include <QUrl>
 
 #include <vector>
 
@@ -48,6 +49,15 @@ QString LocalTranslationService::address() const
     return QStringLiteral("http://127.0.0.1:%1").arg(m_port.load());
 }
 
+QString LocalTranslationService::refusingAddress()
+{
+    QTcpServer server;
+    server.listen(QHostAddress::LocalHost);
+    const quint16 port = server.serverPort();
+    server.close();
+    return QStringLiteral("http://127.0.0.1:%1").arg(port);
+}
+
 void LocalTranslationService::serve(const QByteArray& page, Answer answer)
 {
     const QMutexLocker lock(&m_mutex);
@@ -71,6 +81,13 @@ QByteArray LocalTranslationService::lastRequestLine() const
 {
     const QList<QByteArray> received = requests();
     return received.isEmpty() ? QByteArray() : received.last().split('\r').first();
+}
+
+QString LocalTranslationService::lastText() const
+{
+    const QByteArray target = lastRequestLine().split(' ').value(1);
+    const qsizetype start = target.indexOf("&text=");
+    return start < 0 ? QString() : QUrl::fromPercentEncoding(target.mid(start + 6));
 }
 
 QByteArray LocalTranslationService::lastHeader(const QByteArray& name) const
@@ -112,10 +129,17 @@ void LocalTranslationService::run()
 
 void LocalTranslationService::answer(QTcpSocket& socket)
 {
-    if (m_answer == Answer::CutShort) {
+    switch (m_answer) {
+    case Answer::CutShort:
         socket.write(responseHead(m_page.size() + 4096) + m_page);
-    } else {
+        break;
+    case Answer::NotHttp:
+        socket.write(m_page);
+        break;
+    case Answer::WholePage:
+    case Answer::Never:
         socket.write(responseHead(m_page.size()) + m_page);
+        break;
     }
     while (socket.bytesToWrite() > 0 && socket.waitForBytesWritten(5000)) { }
     socket.disconnectFromHost();

@@ -23,6 +23,7 @@ public:
         WholePage,
         CutShort, // promises more than it sends, then closes the connection
         Never, // keeps the connection open and says nothing
+        NotHttp, // sends the page alone, without a status line or headers, and closes
     };
 
     LocalTranslationService();
@@ -32,6 +33,8 @@ public:
 
     // "http://127.0.0.1:PORT"
     QString address() const;
+    // An address on 127.0.0.1 where nothing listens, so that a connection is refused.
+    static QString refusingAddress();
 
     void serve(const QByteArray& page, Answer answer = Answer::WholePage);
     // A result page whose result box holds the given bytes.
@@ -41,6 +44,8 @@ public:
     QList<QByteArray> requests() const;
     // The request line of the last request ("GET /translate_t?... HTTP/1.1").
     QByteArray lastRequestLine() const;
+    // The value of "text" in the last request's query as the service reads it, percent-decoded.
+    QString lastText() const;
     // A header of the last request, by its name in any case; empty when it was not sent.
     QByteArray lastHeader(const QByteArray& name) const;
 
