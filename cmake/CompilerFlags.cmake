@@ -13,7 +13,6 @@ add_compile_definitions(
 if(QUORVEL_SANITIZE)
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
-  add_compile_definitions(QUORVEL_SANITIZED_BUILD)
 endif()
 
 if(QUORVEL_FUZZ)
