@@ -51,15 +51,15 @@ constexpr int entryCount(const T&)
     return 1;
 }
 
-// What an entry holds besides the strings it shares with the document, and those strings as if they
-// were its own: an estimate that errs on the large side.
+// What an entry keeps alive that nothing else does: its fixed part, and the strings that only it still
+// holds. A text moved to another row is shared with the document and costs the step nothing.
 std::size_t bytesOf(std::int32_t)
 {
     return 0;
 }
 std::size_t bytesOf(const QString& text)
 {
-    return static_cast<std::size_t>(text.size()) * sizeof(QChar);
+    return text.isDetached() ? static_cast<std::size_t>(text.capacity()) * sizeof(QChar) : 0;
 }
 template<typename T, int Size>
 std::size_t bytesOf(const FixedTable<T, Size>& table)
@@ -102,22 +102,50 @@ std::size_t bytesOf(const PrintSettings& settings)
 template<typename T>
 std::size_t bytesOf(const std::vector<Cell<T>>& cells)
 {
+    // What a step changed to is what the document held when the step was made, so it shares those
+    // strings; only what it changed from can be the step's alone.
     std::size_t bytes = cells.capacity() * sizeof(Cell<T>);
     for (const Cell<T>& cell : cells) {
-        bytes += bytesOf(cell.before) + bytesOf(cell.after);
+        bytes += bytesOf(cell.before);
     }
     return bytes;
 }
 
+// Entries the document has not touched since the last checkpoint still share their strings with the
+// baseline: that is seen without reading the characters.
+bool same(const QString& now, const QString& was)
+{
+    return (now.constData() == was.constData() && now.size() == was.size()) || now == was;
+}
+bool same(const PluRecord& now, const PluRecord& was)
+{
+    return same(now.Description, was.Description) && same(now.Code, was.Code) && same(now.Price, was.Price)
+        && same(now.AuxText, was.AuxText) && same(now.AltCode, was.AltCode);
+}
+template<typename T>
+bool same(const T& now, const T& was)
+{
+    return now == was;
+}
+
 // The entries of one part that differ, as they were and as they are.
+// Counted first, so that the cells of a change to every entry (New) are allocated once.
 template<typename Part, typename T>
 void takeDifferences(Part& current, Part& baseline, std::vector<Cell<T>>& cells)
 {
+    std::size_t changed = 0;
+    for (int i = 0; i < entryCount(current); ++i) {
+        changed += same(entry(current, i), entry(baseline, i)) ? 0U : 1U;
+    }
+    if (changed == 0) {
+        return;
+    }
+    cells.reserve(changed);
     for (int i = 0; i < entryCount(current); ++i) {
         T& now = entry(current, i);
         T& was = entry(baseline, i);
-        if (!(now == was)) {
-            cells.push_back({ i, was, now });
+        if (!same(now, was)) {
+            cells.push_back({ i, std::move(was), now });
             was = now;
         }
     }
