@@ -9,6 +9,7 @@
 #include <tuple>
 #include <type_traits>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -51,62 +52,105 @@ constexpr int entryCount(const T&)
     return 1;
 }
 
-// What an entry keeps alive that nothing else does: its fixed part, and the strings that only it still
-// holds. A text moved to another row is shared with the document and costs the step nothing.
-std::size_t bytesOf(std::int32_t)
+// Calls visit on every string of an entry.
+template<typename Visit>
+void forEachString(std::int32_t, Visit&&)
+{ }
+template<typename Visit>
+void forEachString(const QString& text, Visit&& visit)
+{
+    visit(text);
+}
+template<typename T, int Size, typename Visit>
+void forEachString(const FixedTable<T, Size>& table, Visit&& visit)
+{
+    for (int i = 0; i < Size; ++i) {
+        forEachString(table[i], visit);
+    }
+}
+template<typename Visit>
+void forEachString(const PluRecord& plu, Visit&& visit)
+{
+    for (const QString* text : { &plu.Code, &plu.AuxText, &plu.AltCode, &plu.Price, &plu.Description }) {
+        visit(*text);
+    }
+}
+template<typename Visit>
+void forEachString(const LineLayout& line, Visit&& visit)
+{
+    for (const QString* text : { &line.text, &line.backColor, &line.foreColor, &line.backText,
+             &line.backBackColor, &line.backForeColor, &line.picturePath }) {
+        visit(*text);
+    }
+}
+template<typename Visit>
+void forEachString(const ModifierDefinition& list, Visit&& visit)
+{
+    visit(list.Name);
+    forEachString(list.EntryText, visit);
+}
+template<typename Visit>
+void forEachString(const ModifierAssignment& assignment, Visit&& visit)
+{
+    visit(assignment.Key);
+    forEachString(assignment.ListName, visit);
+}
+template<typename Visit>
+void forEachString(const PrintSettings& settings, Visit&& visit)
+{
+    for (const QString* text : { &settings.CurrencySymbol, &settings.FontName, &settings.DefaultPageColor }) {
+        visit(*text);
+    }
+    for (const auto* colors : { &settings.ColorBack, &settings.ColorFore }) {
+        forEachString(*colors, visit);
+    }
+    for (const auto* pages :
+        { &settings.PageColorA, &settings.PageColorB, &settings.PageValueA, &settings.PageValueB }) {
+        forEachString(*pages, visit);
+    }
+}
+
+// The tables inside an entry are its own, not shared like its strings.
+std::size_t ownTableBytes(const ModifierDefinition&)
+{
+    return Limits::EntryCapacity * (sizeof(std::int32_t) + sizeof(QString));
+}
+std::size_t ownTableBytes(const ModifierAssignment&)
+{
+    return Limits::AttachedListCapacity * (sizeof(QString) + 4 * sizeof(std::int32_t));
+}
+std::size_t ownTableBytes(const PrintSettings&)
+{
+    return 2 * Limits::ColorKindCount * sizeof(QString) + 4 * (Limits::PageCount + 1) * sizeof(QString);
+}
+template<typename T>
+std::size_t ownTableBytes(const T&)
 {
     return 0;
 }
-std::size_t bytesOf(const QString& text)
-{
-    return text.isDetached() ? static_cast<std::size_t>(text.capacity()) * sizeof(QChar) : 0;
-}
-template<typename T, int Size>
-std::size_t bytesOf(const FixedTable<T, Size>& table)
-{
-    std::size_t bytes = Size * sizeof(T);
-    for (int i = 0; i < Size; ++i) {
-        bytes += bytesOf(table[i]);
-    }
-    return bytes;
-}
-std::size_t bytesOf(const PluRecord& plu)
-{
-    return bytesOf(plu.Code) + bytesOf(plu.AuxText) + bytesOf(plu.AltCode) + bytesOf(plu.Price)
-        + bytesOf(plu.Description);
-}
-std::size_t bytesOf(const LineLayout& line)
-{
-    return bytesOf(line.text) + bytesOf(line.backColor) + bytesOf(line.foreColor) + bytesOf(line.backText)
-        + bytesOf(line.backBackColor) + bytesOf(line.backForeColor) + bytesOf(line.picturePath);
-}
-std::size_t bytesOf(const ModifierDefinition& list)
-{
-    return bytesOf(list.Name) + bytesOf(list.EntryPlu) + bytesOf(list.EntryText);
-}
-std::size_t bytesOf(const ModifierAssignment& assignment)
-{
-    return bytesOf(assignment.Key) + bytesOf(assignment.ListName) + 5 * bytesOf(assignment.Mandatory);
-}
-std::size_t bytesOf(const PrintSettings& settings)
-{
-    std::size_t bytes = bytesOf(settings.CurrencySymbol) + bytesOf(settings.FontName)
-        + bytesOf(settings.ColorBack) + bytesOf(settings.ColorFore) + bytesOf(settings.DefaultPageColor);
-    for (const auto* pages :
-        { &settings.PageColorA, &settings.PageColorB, &settings.PageValueA, &settings.PageValueB }) {
-        bytes += bytesOf(*pages);
-    }
-    return bytes;
-}
 
+// What a step keeps alive. The texts it changed to are the document's, and so are the texts it changed
+// from that only moved (an inserted page moves every row below it): only the texts the document no
+// longer holds are the step's own.
 template<typename T>
 std::size_t bytesOf(const std::vector<Cell<T>>& cells)
 {
-    // What a step changed to is what the document held when the step was made, so it shares those
-    // strings; only what it changed from can be the step's alone.
+    std::unordered_set<const QChar*> kept;
+    for (const Cell<T>& cell : cells) {
+        forEachString(cell.after, [&](const QString& text) {
+            if (!text.isEmpty()) {
+                kept.insert(text.constData());
+            }
+        });
+    }
     std::size_t bytes = cells.capacity() * sizeof(Cell<T>);
     for (const Cell<T>& cell : cells) {
-        bytes += bytesOf(cell.before);
+        bytes += 2 * ownTableBytes(cell.before);
+        forEachString(cell.before, [&](const QString& text) {
+            if (!text.isEmpty() && !kept.count(text.constData())) {
+                bytes += static_cast<std::size_t>(text.size()) * sizeof(QChar);
+            }
+        });
     }
     return bytes;
 }

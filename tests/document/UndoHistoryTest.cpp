@@ -83,30 +83,42 @@ TEST(UndoHistoryTest, ChangesWithOneFoldKeyAreOneStepAndAbsorbedChangesNone)
     EXPECT_EQ(document.Plus[0].Description, QStringLiteral("Agua"));
 }
 
+// A text of its own for each step, so that what a step replaces is held by the step alone.
+QString textOfStep(int step)
+{
+    return QString(1000, QChar(u'a' + step % 26)) + QString::number(step);
+}
+
 TEST(UndoHistoryTest, OldestStepsGoWhenTheHistoryOutgrowsItsMemory)
 {
     const TestWorkingRoot root;
     MenuDocument document;
     UndoHistory history(document, root.path(), 64 * 1024);
-    const QString longText(1000, u'x');
-    for (int i = 0; i < 100; ++i) {
-        document.LanguageTable.at(i, 1) = longText;
+    for (int step = 0; step < 100; ++step) {
+        document.LanguageTable.at(1, 1) = textOfStep(step);
         history.record(QStringLiteral("Text"));
     }
-    EXPECT_LT(history.stepCount(), 100);
-    EXPECT_GT(history.stepCount(), 1);
+    const int kept = history.stepCount();
+    EXPECT_LT(kept, 100);
+    EXPECT_GT(kept, 1);
     EXPECT_LE(history.memoryUse(), std::size_t { 64 * 1024 });
     while (history.canUndo()) {
         history.undo();
     }
-    EXPECT_EQ(document.LanguageTable.at(0, 1), longText); // its step left the history
-    EXPECT_EQ(document.LanguageTable.at(99, 1), QString());
+    EXPECT_EQ(document.LanguageTable.at(1, 1), textOfStep(99 - kept)); // the steps before it left
 
-    // A step larger than the whole allowance is kept: it is the one the user may want back.
-    document.LanguageTable.clear();
-    for (int key = 0; key < 200; ++key) {
-        document.LanguageTable.at(key, 2) = longText;
+    // Texts that only move cost nothing; a step larger than the whole allowance is kept, since it is
+    // the one the user may want back.
+    for (int key = 2; key < 200; ++key) {
+        document.LanguageTable.at(key, 2) = textOfStep(key);
     }
+    history.reset();
+    for (int key = 199; key > 2; --key) {
+        document.LanguageTable.at(key, 2) = document.LanguageTable.at(key - 1, 2);
+    }
+    history.record(QStringLiteral("Move"));
+    EXPECT_LT(history.memoryUse(), std::size_t { 32 * 1024 }); // 197 texts of 2 kB moved, one replaced
+    document.LanguageTable.clear();
     history.record(QStringLiteral("Huge"));
     EXPECT_EQ(history.stepCount(), 1);
 }
