@@ -2,6 +2,7 @@
 
 #include "designer/RowHandlers.h"
 #include "document/MenuDocument.h"
+#include "document/SafeWrite.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -12,6 +13,7 @@ class CataloguePanel;
 class ModifierPanel;
 class PageView;
 class QAction;
+class QLabel;
 class QTimer;
 class RadioLink;
 class SendDialog;
@@ -69,6 +71,12 @@ protected:
 
 private:
     using Handler = void (MainWindow::*)();
+    // Whether a failed save asks the user even when the autosave told them about that folder already.
+    enum class Asking
+    {
+        Always,
+        OncePerFolder
+    };
 
     void buildMenuBar();
     void buildPanels();
@@ -79,6 +87,7 @@ private:
     template<typename Import>
     void importProducts(Import&& import);
     void shutDown();
+    bool showSaveOutcome(const WriteFailures& failures, Asking asking);
     void closeOtherWindows();
     QString frontRowProperty(int row, const char* name) const;
 
@@ -99,4 +108,6 @@ private:
     RowHandlers* m_rowHandlers = nullptr;
     std::unique_ptr<Translator> m_translator;
     int m_side = 1;
+    QLabel* m_saveWarning = nullptr;
+    QString m_reportedSaveFolder; // the folder the user was last told a save failed in
 };

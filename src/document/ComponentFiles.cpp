@@ -7,9 +7,9 @@
 #include "NumberText.h"
 #include "PluLine.h"
 #include "PluNumberIndex.h"
+#include "SafeWrite.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QThread>
 
 #include <algorithm>
@@ -33,6 +33,12 @@ const QString PrinterSuffix = QStringLiteral("_printer.txt");
 const QString LayoutSuffix = QStringLiteral("_Layout.txt");
 const QString LanguagesSuffix = QStringLiteral("_Languages.txt");
 const QString PagesVersionSuffix = QStringLiteral("_PagesVersion.txt");
+
+// A save writes the new files aside under this ending, then the journal that says they are all there,
+// then moves them into place and removes the journal.
+const QString StagedEnding = QStringLiteral(".staged");
+const QString JournalEnding = QStringLiteral(".saving");
+const QByteArray JournalText = QByteArrayLiteral("complete\r\n");
 
 // Making the files keeps the processor busy, so one thread a core; writing them waits on the disk,
 // so more threads let their waits overlap.
@@ -282,12 +288,6 @@ QByteArray renderPagesVersion(const MenuDocument& document)
     return out.take();
 }
 
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
 std::optional<QByteArray> readFile(const QString& path)
 {
     QFile file(path);
@@ -471,28 +471,56 @@ QList<FileMaker> fileMakers(const MenuDocument& document, const PluNumberIndex& 
     return makers;
 }
 
-} // namespace
-
-namespace ComponentFiles {
-
-QList<File> render(const MenuDocument& document)
+// Every component file's suffix, whatever the document holds.
+QStringList componentSuffixes()
 {
-    const PluNumberIndex plus(document);
-    QList<File> files;
-    for (const FileMaker& maker : fileMakers(document, plus)) {
-        files.append({ maker.suffix, maker.make() });
+    QStringList suffixes { DefinitionsSuffix, AssignmentsSuffix, ButtonsSuffix, PluSuffix, PrinterSuffix,
+        LayoutSuffix, LanguagesSuffix, PagesVersionSuffix };
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        suffixes += { pageFileSuffix(u"_Page_Description_", page), pageFileSuffix(u"_Page_Price_", page) };
     }
-    return files;
+    return suffixes;
 }
 
-QStringList save(const MenuDocument& document)
+QString stagedPath(const QString& prefix, const QString& suffix)
 {
-    const PluNumberIndex plus(document);
-    QList<FileMaker> makers = fileMakers(document, plus);
-    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
-    // as it was, since nothing is written before all files are made.
-    std::stable_partition(
-        makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
+    return prefix + suffix + StagedEnding;
+}
+
+QString journalPath(const QString& prefix)
+{
+    return prefix + JournalEnding;
+}
+
+void discardStaged(const QString& prefix)
+{
+    for (const QString& suffix : componentSuffixes()) {
+        QFile::remove(stagedPath(prefix, suffix));
+    }
+}
+
+// The journal goes only once every staged file is in place, so that the next load finishes a move that
+// was cut off.
+WriteFailures moveStagedIntoPlace(const QString& prefix)
+{
+    WriteFailures failures;
+    for (const QString& suffix : componentSuffixes()) {
+        const QString staged = stagedPath(prefix, suffix);
+        if (QFile::exists(staged)) {
+            if (std::optional<WriteFailure> failure = SafeWrite::moveOver(staged, prefix + suffix)) {
+                failures.append(*failure);
+            }
+        }
+    }
+    if (failures.isEmpty()) {
+        QFile::remove(journalPath(prefix));
+    }
+    return failures;
+}
+
+// Makes every file's bytes side by side. A fault in any maker is raised once all have ended.
+std::vector<QByteArray> makeAll(const QList<FileMaker>& makers)
+{
     std::vector<QByteArray> bytes(static_cast<std::size_t>(makers.size()));
     std::vector<std::exception_ptr> faults(bytes.size());
     runSideBySide(makers.size(), MakerThreads, [&](qsizetype i) {
@@ -507,23 +535,79 @@ QStringList save(const MenuDocument& document)
             std::rethrow_exception(fault);
         }
     }
-    std::vector<char> written(bytes.size());
+    return bytes;
+}
+
+// Writes every file aside; the failures name the component files they were meant for.
+WriteFailures stageAll(
+    const QString& prefix, const QList<FileMaker>& makers, const std::vector<QByteArray>& bytes)
+{
+    std::vector<std::optional<WriteFailure>> staged(bytes.size());
     runSideBySide(makers.size(), WriterThreads, [&](qsizetype i) {
         const auto at = static_cast<std::size_t>(i);
-        written[at] = writeFile(document.FilePrefix + makers[i].suffix, bytes[at]);
+        staged[at] = SafeWrite::writeFile(stagedPath(prefix, makers[i].suffix), bytes[at]);
     });
-    QStringList failed;
+    WriteFailures failures;
     for (qsizetype i = 0; i < makers.size(); ++i) {
-        if (!written[static_cast<std::size_t>(i)]) {
-            failed.append(document.FilePrefix + makers[i].suffix);
+        if (const std::optional<WriteFailure>& failure = staged[static_cast<std::size_t>(i)]) {
+            failures.append({ prefix + makers[i].suffix, failure->reason });
         }
     }
-    return failed;
+    return failures;
+}
+
+} // namespace
+
+namespace ComponentFiles {
+
+QList<File> render(const MenuDocument& document)
+{
+    const PluNumberIndex plus(document);
+    QList<File> files;
+    for (const FileMaker& maker : fileMakers(document, plus)) {
+        files.append({ maker.suffix, maker.make() });
+    }
+    return files;
+}
+
+WriteFailures save(const MenuDocument& document)
+{
+    const QString prefix = document.FilePrefix;
+    const PluNumberIndex plus(document);
+    QList<FileMaker> makers = fileMakers(document, plus);
+    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
+    // as it was, since nothing is written before all files are made.
+    std::stable_partition(
+        makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
+    const std::vector<QByteArray> bytes = makeAll(makers);
+    // A save of this prefix that was cut off is settled first, so that its files cannot mix with these.
+    recover(prefix);
+    WriteFailures failures = stageAll(prefix, makers, bytes);
+    if (failures.isEmpty()) {
+        std::optional<WriteFailure> journal = SafeWrite::writeFile(journalPath(prefix), JournalText);
+        if (!journal) {
+            return moveStagedIntoPlace(prefix);
+        }
+        failures.append(*journal);
+    }
+    discardStaged(prefix);
+    return failures;
+}
+
+void recover(const QString& prefix)
+{
+    // What cannot be moved now stays staged under its journal for the next try; the load reads on.
+    if (QFile::exists(journalPath(prefix))) {
+        moveStagedIntoPlace(prefix);
+    } else {
+        discardStaged(prefix);
+    }
 }
 
 int load(MenuDocument& document)
 {
     const QString prefix = document.FilePrefix;
+    recover(prefix);
     return load(document, [&prefix](const QString& suffix) { return readFile(prefix + suffix); });
 }
 
