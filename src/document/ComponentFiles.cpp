@@ -499,23 +499,40 @@ void discardStaged(const QString& prefix)
     }
 }
 
-// The journal goes only once every staged file is in place, so that the next load finishes a move that
-// was cut off.
-WriteFailures moveStagedIntoPlace(const QString& prefix)
+// The failures among the outcomes of work done side by side.
+WriteFailures failuresAmong(const std::vector<std::optional<WriteFailure>>& outcomes)
 {
     WriteFailures failures;
-    for (const QString& suffix : componentSuffixes()) {
-        const QString staged = stagedPath(prefix, suffix);
-        if (QFile::exists(staged)) {
-            if (std::optional<WriteFailure> failure = SafeWrite::moveOver(staged, prefix + suffix)) {
-                failures.append(*failure);
-            }
+    for (const std::optional<WriteFailure>& outcome : outcomes) {
+        if (outcome) {
+            failures.append(*outcome);
         }
     }
+    return failures;
+}
+
+// Side by side, since replacing a file also frees the old one's space. The journal goes only once every
+// staged file is in place, so that the next load finishes a move that was cut off.
+WriteFailures moveIntoPlace(const QString& prefix, const QStringList& suffixes)
+{
+    std::vector<std::optional<WriteFailure>> moved(static_cast<std::size_t>(suffixes.size()));
+    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
+        moved[static_cast<std::size_t>(i)]
+            = SafeWrite::moveOver(stagedPath(prefix, suffixes[i]), prefix + suffixes[i]);
+    });
+    const WriteFailures failures = failuresAmong(moved);
     if (failures.isEmpty()) {
         QFile::remove(journalPath(prefix));
     }
     return failures;
+}
+
+// A save cut off after its journal: some of its files may be in place already.
+void finishMoves(const QString& prefix)
+{
+    QStringList staged = componentSuffixes();
+    staged.removeIf([&](const QString& suffix) { return !QFile::exists(stagedPath(prefix, suffix)); });
+    moveIntoPlace(prefix, staged);
 }
 
 // Makes every file's bytes side by side. A fault in any maker is raised once all have ended.
@@ -540,18 +557,16 @@ std::vector<QByteArray> makeAll(const QList<FileMaker>& makers)
 
 // Writes every file aside; the failures name the component files they were meant for.
 WriteFailures stageAll(
-    const QString& prefix, const QList<FileMaker>& makers, const std::vector<QByteArray>& bytes)
+    const QString& prefix, const QStringList& suffixes, const std::vector<QByteArray>& bytes)
 {
     std::vector<std::optional<WriteFailure>> staged(bytes.size());
-    runSideBySide(makers.size(), WriterThreads, [&](qsizetype i) {
+    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
         const auto at = static_cast<std::size_t>(i);
-        staged[at] = SafeWrite::writeFile(stagedPath(prefix, makers[i].suffix), bytes[at]);
+        staged[at] = SafeWrite::writeFile(stagedPath(prefix, suffixes[i]), bytes[at]);
     });
-    WriteFailures failures;
-    for (qsizetype i = 0; i < makers.size(); ++i) {
-        if (const std::optional<WriteFailure>& failure = staged[static_cast<std::size_t>(i)]) {
-            failures.append({ prefix + makers[i].suffix, failure->reason });
-        }
+    WriteFailures failures = failuresAmong(staged);
+    for (WriteFailure& failure : failures) {
+        failure.path.chop(StagedEnding.size());
     }
     return failures;
 }
@@ -580,13 +595,20 @@ WriteFailures save(const MenuDocument& document)
     std::stable_partition(
         makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
     const std::vector<QByteArray> bytes = makeAll(makers);
-    // A save of this prefix that was cut off is settled first, so that its files cannot mix with these.
-    recover(prefix);
-    WriteFailures failures = stageAll(prefix, makers, bytes);
+    QStringList suffixes;
+    for (const FileMaker& maker : makers) {
+        suffixes.append(maker.suffix);
+    }
+    // A save of this prefix cut off after its journal is finished first, so that its files cannot mix
+    // with these; staged files without a journal are written over.
+    if (QFile::exists(journalPath(prefix))) {
+        finishMoves(prefix);
+    }
+    WriteFailures failures = stageAll(prefix, suffixes, bytes);
     if (failures.isEmpty()) {
         std::optional<WriteFailure> journal = SafeWrite::writeFile(journalPath(prefix), JournalText);
         if (!journal) {
-            return moveStagedIntoPlace(prefix);
+            return moveIntoPlace(prefix, suffixes);
         }
         failures.append(*journal);
     }
@@ -598,7 +620,7 @@ void recover(const QString& prefix)
 {
     // What cannot be moved now stays staged under its journal for the next try; the load reads on.
     if (QFile::exists(journalPath(prefix))) {
-        moveStagedIntoPlace(prefix);
+        finishMoves(prefix);
     } else {
         discardStaged(prefix);
     }
