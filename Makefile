@@ -3,6 +3,9 @@
 #            UndefinedBehaviorSanitizer.
 # make bench: the benchmarks of the largest menu, in a release build.
 # make fuzz: builds the fuzz targets with clang and runs each for FUZZ_SECONDS.
+# make soak: not part of make test; kills the autosave of the largest menu SOAK_KILLS times, checking
+#            after each that the next start finds every file of one save, then runs every fuzz target
+#            for SOAK_FUZZ_SECONDS.
 # make package: a release build packed as a Debian package, build-package/quorvel_*.deb.
 
 BUILD_DIR ?= build
@@ -10,11 +13,13 @@ SANITIZE_DIR ?= build-sanitize
 BENCH_DIR ?= build-bench
 FUZZ_DIR ?= build-fuzz
 FUZZ_SECONDS ?= 120
+SOAK_KILLS ?= 1000
+SOAK_FUZZ_SECONDS ?= 60
 PACKAGE_DIR ?= build-package
 JOBS ?= $(shell nproc)
 CMAKE_CONFIGURE = cmake -G Ninja -Wno-dev
 
-.PHONY: all deps build run test test-plain test-sanitize bench fuzz package format clean
+.PHONY: all deps build run test test-plain test-sanitize bench fuzz soak package format clean
 
 all: build
 
@@ -57,6 +62,11 @@ fuzz:
 	CC=clang CXX=clang++ $(CMAKE_CONFIGURE) -S . -B $(FUZZ_DIR) -DCMAKE_BUILD_TYPE=RelWithDebInfo -DQUORVEL_FUZZ=ON
 	cmake --build $(FUZZ_DIR) -j $(JOBS)
 	./scripts/run-fuzzers.sh $(FUZZ_DIR) $(FUZZ_SECONDS)
+
+# The crash test runs on its own here: the kills outlast the time limit ctest gives it.
+soak: build
+	SOAK_KILLS=$(SOAK_KILLS) $(BUILD_DIR)/tests/crash_safety_tests
+	$(MAKE) fuzz FUZZ_SECONDS=$(SOAK_FUZZ_SECONDS)
 
 package:
 	@./scripts/install-deps.sh package

@@ -26,7 +26,9 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QDir>
+#include <QFileInfo>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
@@ -107,6 +109,12 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     m_timer1->setObjectName(QStringLiteral("Timer1"));
     m_timer1->setInterval(AutosaveIntervalMs);
     connect(m_timer1, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
+
+    m_saveWarning = new QLabel(this);
+    m_saveWarning->setObjectName(QStringLiteral("SaveWarning"));
+    m_saveWarning->setStyleSheet(QStringLiteral("QLabel { color: #b00020; font-weight: bold; }"));
+    m_saveWarning->hide();
+    statusBar()->addPermanentWidget(m_saveWarning);
 
     guarded([this] { startUp(); });
     // Undoing stops at the menu the working copy held.
@@ -281,8 +289,10 @@ void MainWindow::Colors_Click()
 void MainWindow::Timer1_Timer()
 {
     guarded([this] {
-        WorkingCopy::save(m_document);
-        statusBar()->showMessage(tr("Working copy saved at %1").arg(QTime::currentTime().toString(u"HH:mm")));
+        if (showSaveOutcome(WorkingCopy::save(m_document), Asking::OncePerFolder)) {
+            statusBar()->showMessage(
+                tr("Working copy saved at %1").arg(QTime::currentTime().toString(u"HH:mm")));
+        }
     });
 }
 
@@ -312,13 +322,15 @@ void MainWindow::Save_Click()
         if (path.isEmpty()) {
             return;
         }
-        const BusyCursor busy;
-        const QStringList failed = Project::save(m_document, path);
-        // Saving reports no message box; the status line still tells whether every file was written.
-        statusBar()->showMessage(failed.isEmpty()
-                ? tr("Saved %1").arg(QDir::toNativeSeparators(m_document.FilePrefix + QStringLiteral(".QV1")))
-                : tr("Could not write %n file(s), such as %1", nullptr, static_cast<int>(failed.size()))
-                      .arg(QDir::toNativeSeparators(failed.first())));
+        WriteFailures failures;
+        {
+            const BusyCursor busy;
+            failures = Project::save(m_document, path);
+        }
+        if (showSaveOutcome(failures, Asking::Always)) {
+            statusBar()->showMessage(
+                tr("Saved %1").arg(QDir::toNativeSeparators(m_document.FilePrefix + QStringLiteral(".QV1"))));
+        }
     });
 }
 
@@ -421,13 +433,18 @@ void MainWindow::openGroupTitleEditor(int row, const QString& backText)
     });
 }
 
-// The working copy is what was sent last: the import of the last sent products reads it back.
+// The working copy is what was sent last: the import of the last sent products reads it back. The Send
+// dialog reads the modifier lists from it, so a working copy that could not be written is not sent.
 void MainWindow::SendAll_Click()
 {
     guarded([this] {
+        WriteFailures failures;
         {
             const BusyCursor busy;
-            WorkingCopy::save(m_document);
+            failures = WorkingCopy::save(m_document);
+        }
+        if (!showSaveOutcome(failures, Asking::Always)) {
+            return;
         }
         showOnce(m_sendDialog, [this] { return new SendDialog(m_document, *m_link, m_prompts, this); });
     });
@@ -525,8 +542,31 @@ void MainWindow::closeEvent(QCloseEvent* event)
 void MainWindow::shutDown()
 {
     m_timer1->stop();
-    WorkingCopy::save(m_document);
+    showSaveOutcome(WorkingCopy::save(m_document), Asking::Always);
     closeOtherWindows();
+}
+
+// A failure stays on the status line until a save succeeds. The autosave asks once while it keeps
+// failing in the same folder, instead of every minute.
+bool MainWindow::showSaveOutcome(const WriteFailures& failures, Asking asking)
+{
+    if (failures.isEmpty()) {
+        m_saveWarning->hide();
+        m_saveWarning->clear();
+        m_reportedSaveFolder.clear();
+        return true;
+    }
+    const WriteFailure& first = failures.first();
+    const QString folder = QDir::toNativeSeparators(QFileInfo(first.path).absolutePath());
+    m_saveWarning->setText(tr("Not saved in %1: %2").arg(folder, first.reason));
+    m_saveWarning->show();
+    if (asking == Asking::Always || folder != m_reportedSaveFolder) {
+        m_reportedSaveFolder = folder;
+        m_prompts.showMessage(tr("The menu could not be saved in %1: %2.\nThe files saved there before are "
+                                 "kept as they were.")
+                                  .arg(folder, first.reason));
+    }
+    return false;
 }
 
 void MainWindow::closeOtherWindows()

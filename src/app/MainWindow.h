@@ -3,6 +3,7 @@
 #include "HandlerGuard.h"
 #include "designer/RowHandlers.h"
 #include "document/MenuDocument.h"
+#include "document/SafeWrite.h"
 #include "document/UndoHistory.h"
 
 #include <QMainWindow>
@@ -14,6 +15,7 @@ class CataloguePanel;
 class ModifierPanel;
 class PageView;
 class QAction;
+class QLabel;
 class QTimer;
 class RadioLink;
 class SendDialog;
@@ -73,11 +75,13 @@ protected:
     void closeEvent(QCloseEvent* event) override;
 
 private:
-    void handlerEnded(const HandlerGuard::Change& change) override;
-    void updateUndoActions();
-
-private:
     using Handler = void (MainWindow::*)();
+    // Whether a failed save asks the user even when the autosave told them about that folder already.
+    enum class Asking
+    {
+        Always,
+        OncePerFolder
+    };
 
     void buildMenuBar();
     void buildPanels();
@@ -88,6 +92,9 @@ private:
     template<typename Import>
     void importProducts(Import&& import);
     void shutDown();
+    bool showSaveOutcome(const WriteFailures& failures, Asking asking);
+    void handlerEnded(const HandlerGuard::Change& change) override;
+    void updateUndoActions();
     void closeOtherWindows();
     QString frontRowProperty(int row, const char* name) const;
 
@@ -111,4 +118,6 @@ private:
     RowHandlers* m_rowHandlers = nullptr;
     std::unique_ptr<Translator> m_translator;
     int m_side = 1;
+    QLabel* m_saveWarning = nullptr;
+    QString m_reportedSaveFolder; // the folder the user was last told a save failed in
 };

@@ -57,9 +57,14 @@ void loadComponentFiles(MenuDocument& document, const QString& prefix)
 void saveComponentFiles(MenuDocument& document, const QString& prefix)
 {
     document.FilePrefix = prefix;
-    const QStringList failed = ComponentFiles::save(document);
-    if (!failed.isEmpty()) {
-        throw CliError(QStringLiteral("cannot write '%1'").arg(failed.first()));
+    requireWritten(ComponentFiles::save(document));
+}
+
+void requireWritten(const WriteFailures& failures)
+{
+    if (!failures.isEmpty()) {
+        const WriteFailure& first = failures.first();
+        throw CliError(QStringLiteral("cannot write '%1': %2").arg(first.path, first.reason));
     }
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "document/SafeWrite.h"
+
 #include <QCommandLineParser>
 #include <QString>
 #include <QStringList>
@@ -49,8 +51,11 @@ class MenuDocument;
 void loadComponentFiles(MenuDocument& document, const QString& prefix);
 
 // Writes all component files of the document under the prefix. Throws CliError naming the first
-// file that could not be written.
+// file that could not be written and why.
 void saveComponentFiles(MenuDocument& document, const QString& prefix);
+
+// Throws CliError naming the first failure, if any.
+void requireWritten(const WriteFailures& failures);
 
 // Messages that a window would show in a box, for standard error.
 void printToStderr(const QString& line);

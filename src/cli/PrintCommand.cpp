@@ -7,16 +7,11 @@
 #include "printing/PrintJob.h"
 #include "printing/PrintPreferences.h"
 
-#include <QPageSize>
-#include <QPdfWriter>
-
 #include <cstring>
 
 namespace {
 
 using PrintSelection::Pages;
-
-constexpr int PdfResolution = 600;
 
 int numberIn(const CommandParser& parser, const QString& option, int first, int last)
 {
@@ -88,17 +83,12 @@ int runPrint(const QStringList& arguments)
 
     MenuDocument document;
     loadComponentFiles(document, parser.positional(0));
-    QPdfWriter writer(pdf);
-    writer.setPageSize(QPageSize(QPageSize::A4));
-    writer.setPageMargins(QMarginsF());
-    writer.setResolution(PdfResolution);
-    writer.setCreator(QStringLiteral("Orvik Quorvel"));
     const PrintJob::Request request { pages, currentPage,
         SideLayout::of(
             document, language, PrintPreferences::calibration(PrintPreferences::pdfPrinterName())) };
     CliPrompts prompts;
-    if (!PrintJob::print(document, request, writer, prompts)) {
-        throw CliError(QStringLiteral("print: cannot write '%1'").arg(pdf));
+    if (const std::optional<WriteFailure> failure = PrintJob::printPdf(document, request, pdf, prompts)) {
+        throw CliError(QStringLiteral("print: cannot write '%1': %2").arg(failure->path, failure->reason));
     }
     return 0;
 }

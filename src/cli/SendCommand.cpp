@@ -26,7 +26,7 @@ int runSend(const QStringList& arguments)
 
     MenuDocument document;
     loadComponentFiles(document, parser.positional(0));
-    WorkingCopy::save(document);
+    requireWritten(WorkingCopy::save(document));
     PortSetting::save(portText);
     document.OldFirmware = parser.isSet(QStringLiteral("old-firmware"));
     const MenuTransmission transmission(document, { parser.isSet(QStringLiteral("thirteen-pages")), {}, {} });

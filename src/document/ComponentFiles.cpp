@@ -7,9 +7,9 @@
 #include "NumberText.h"
 #include "PluLine.h"
 #include "PluNumberIndex.h"
+#include "SafeWrite.h"
 
 #include <QFile>
-#include <QSaveFile>
 #include <QThread>
 
 #include <algorithm>
@@ -33,6 +33,12 @@ const QString PrinterSuffix = QStringLiteral("_printer.txt");
 const QString LayoutSuffix = QStringLiteral("_Layout.txt");
 const QString LanguagesSuffix = QStringLiteral("_Languages.txt");
 const QString PagesVersionSuffix = QStringLiteral("_PagesVersion.txt");
+
+// A save writes the new files aside under this ending, then the journal that says they are all there,
+// then moves them into place and removes the journal.
+const QString StagedEnding = QStringLiteral(".staged");
+const QString JournalEnding = QStringLiteral(".saving");
+const QByteArray JournalText = QByteArrayLiteral("complete\r\n");
 
 // Making the files keeps the processor busy, so one thread a core; writing them waits on the disk,
 // so more threads let their waits overlap.
@@ -282,12 +288,6 @@ QByteArray renderPagesVersion(const MenuDocument& document)
     return out.take();
 }
 
-bool writeFile(const QString& path, const QByteArray& bytes)
-{
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
-}
-
 std::optional<QByteArray> readFile(const QString& path)
 {
     QFile file(path);
@@ -471,28 +471,73 @@ QList<FileMaker> fileMakers(const MenuDocument& document, const PluNumberIndex& 
     return makers;
 }
 
-} // namespace
-
-namespace ComponentFiles {
-
-QList<File> render(const MenuDocument& document)
+// Every component file's suffix, whatever the document holds.
+QStringList componentSuffixes()
 {
-    const PluNumberIndex plus(document);
-    QList<File> files;
-    for (const FileMaker& maker : fileMakers(document, plus)) {
-        files.append({ maker.suffix, maker.make() });
+    QStringList suffixes { DefinitionsSuffix, AssignmentsSuffix, ButtonsSuffix, PluSuffix, PrinterSuffix,
+        LayoutSuffix, LanguagesSuffix, PagesVersionSuffix };
+    for (int page = 1; page <= Limits::PageCount; ++page) {
+        suffixes += { pageFileSuffix(u"_Page_Description_", page), pageFileSuffix(u"_Page_Price_", page) };
     }
-    return files;
+    return suffixes;
 }
 
-QStringList save(const MenuDocument& document)
+QString stagedPath(const QString& prefix, const QString& suffix)
 {
-    const PluNumberIndex plus(document);
-    QList<FileMaker> makers = fileMakers(document, plus);
-    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
-    // as it was, since nothing is written before all files are made.
-    std::stable_partition(
-        makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
+    return prefix + suffix + StagedEnding;
+}
+
+QString journalPath(const QString& prefix)
+{
+    return prefix + JournalEnding;
+}
+
+void discardStaged(const QString& prefix)
+{
+    for (const QString& suffix : componentSuffixes()) {
+        QFile::remove(stagedPath(prefix, suffix));
+    }
+}
+
+// The failures among the outcomes of work done side by side.
+WriteFailures failuresAmong(const std::vector<std::optional<WriteFailure>>& outcomes)
+{
+    WriteFailures failures;
+    for (const std::optional<WriteFailure>& outcome : outcomes) {
+        if (outcome) {
+            failures.append(*outcome);
+        }
+    }
+    return failures;
+}
+
+// Side by side, since replacing a file also frees the old one's space. The journal goes only once every
+// staged file is in place, so that the next load finishes a move that was cut off.
+WriteFailures moveIntoPlace(const QString& prefix, const QStringList& suffixes)
+{
+    std::vector<std::optional<WriteFailure>> moved(static_cast<std::size_t>(suffixes.size()));
+    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
+        moved[static_cast<std::size_t>(i)]
+            = SafeWrite::moveOver(stagedPath(prefix, suffixes[i]), prefix + suffixes[i]);
+    });
+    const WriteFailures failures = failuresAmong(moved);
+    if (failures.isEmpty()) {
+        QFile::remove(journalPath(prefix));
+    }
+    return failures;
+}
+
+// A save cut off after its journal: some of its files may be in place already.
+void finishMoves(const QString& prefix)
+{
+    QStringList staged = componentSuffixes();
+    staged.removeIf([&](const QString& suffix) { return !QFile::exists(stagedPath(prefix, suffix)); });
+    moveIntoPlace(prefix, staged);
+}
+
+// Makes every file's bytes side by side. A fault in any maker is raised once all have ended.
+std::vector<QByteArray> makeAll(const QList<FileMaker>& makers)
+{
     std::vector<QByteArray> bytes(static_cast<std::size_t>(makers.size()));
     std::vector<std::exception_ptr> faults(bytes.size());
     runSideBySide(makers.size(), MakerThreads, [&](qsizetype i) {
@@ -507,23 +552,84 @@ QStringList save(const MenuDocument& document)
             std::rethrow_exception(fault);
         }
     }
-    std::vector<char> written(bytes.size());
-    runSideBySide(makers.size(), WriterThreads, [&](qsizetype i) {
+    return bytes;
+}
+
+// Writes every file aside; the failures name the component files they were meant for.
+WriteFailures stageAll(
+    const QString& prefix, const QStringList& suffixes, const std::vector<QByteArray>& bytes)
+{
+    std::vector<std::optional<WriteFailure>> staged(bytes.size());
+    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
         const auto at = static_cast<std::size_t>(i);
-        written[at] = writeFile(document.FilePrefix + makers[i].suffix, bytes[at]);
+        staged[at] = SafeWrite::writeFile(stagedPath(prefix, suffixes[i]), bytes[at]);
     });
-    QStringList failed;
-    for (qsizetype i = 0; i < makers.size(); ++i) {
-        if (!written[static_cast<std::size_t>(i)]) {
-            failed.append(document.FilePrefix + makers[i].suffix);
-        }
+    WriteFailures failures = failuresAmong(staged);
+    for (WriteFailure& failure : failures) {
+        failure.path.chop(StagedEnding.size());
     }
-    return failed;
+    return failures;
+}
+
+} // namespace
+
+namespace ComponentFiles {
+
+QList<File> render(const MenuDocument& document)
+{
+    const PluNumberIndex plus(document);
+    QList<File> files;
+    for (const FileMaker& maker : fileMakers(document, plus)) {
+        files.append({ maker.suffix, maker.make() });
+    }
+    return files;
+}
+
+WriteFailures save(const MenuDocument& document)
+{
+    const QString prefix = document.FilePrefix;
+    const PluNumberIndex plus(document);
+    QList<FileMaker> makers = fileMakers(document, plus);
+    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
+    // as it was, since nothing is written before all files are made.
+    std::stable_partition(
+        makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
+    const std::vector<QByteArray> bytes = makeAll(makers);
+    QStringList suffixes;
+    for (const FileMaker& maker : makers) {
+        suffixes.append(maker.suffix);
+    }
+    // A save of this prefix cut off after its journal is finished first, so that its files cannot mix
+    // with these; staged files without a journal are written over.
+    if (QFile::exists(journalPath(prefix))) {
+        finishMoves(prefix);
+    }
+    WriteFailures failures = stageAll(prefix, suffixes, bytes);
+    if (failures.isEmpty()) {
+        std::optional<WriteFailure> journal = SafeWrite::writeFile(journalPath(prefix), JournalText);
+        if (!journal) {
+            return moveIntoPlace(prefix, suffixes);
+        }
+        failures.append(*journal);
+    }
+    discardStaged(prefix);
+    return failures;
+}
+
+void recover(const QString& prefix)
+{
+    // What cannot be moved now stays staged under its journal for the next try; the load reads on.
+    if (QFile::exists(journalPath(prefix))) {
+        finishMoves(prefix);
+    } else {
+        discardStaged(prefix);
+    }
 }
 
 int load(MenuDocument& document)
 {
     const QString prefix = document.FilePrefix;
+    recover(prefix);
     return load(document, [&prefix](const QString& suffix) { return readFile(prefix + suffix); });
 }
 

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SafeWrite.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QString>
@@ -22,13 +24,19 @@ struct File
 // Every component file's bytes, in the order they are written.
 QList<File> render(const MenuDocument& document);
 
-// Writes every component file under the document's FilePrefix. Each file is replaced whole or not at
-// all. Returns the paths that could not be written.
-QStringList save(const MenuDocument& document);
+// Writes every component file under the document's FilePrefix, the set replaced as a whole: the new
+// files are written aside, a journal marks them complete, then they take the old ones' places. Returns
+// what could not be written and why; after any failure every file is as it was.
+WriteFailures save(const MenuDocument& document);
 
-// Reads the component files under the document's FilePrefix into the document. A file that cannot be
-// opened is skipped and its tables keep what they hold (the printer settings take their defaults);
-// a line that makes no sense is passed over. Returns how many of the files were found.
+// Settles a save under the prefix that was cut off: one whose journal was written is finished, the files
+// of one without are thrown away. Afterwards the files are all of one save.
+void recover(const QString& prefix);
+
+// Reads the component files under the document's FilePrefix into the document, after settling a save
+// that was cut off. A file that cannot be opened is skipped and its tables keep what they hold (the
+// printer settings take their defaults); a line that makes no sense is passed over. Returns how many of
+// the files were found.
 int load(MenuDocument& document);
 
 // The bytes of the component file with the given suffix; nothing when it cannot be opened.

@@ -5,19 +5,12 @@
 #include "WorkingPaths.h"
 
 #include <QDir>
-#include <QSaveFile>
 
 namespace {
 
 qsizetype lastSeparator(const QString& path)
 {
     return std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
-}
-
-bool writeMarker(const QString& path)
-{
-    QSaveFile marker(path);
-    return marker.open(QIODevice::WriteOnly) && marker.write("OK\r\n") == 4 && marker.commit();
 }
 
 // Moves the working files into keepIn, or deletes them when there is no such folder. Returns the names
@@ -103,16 +96,16 @@ void open(MenuDocument& document, const QString& markerPath)
     ComponentFiles::load(document);
 }
 
-QStringList save(MenuDocument& document, const QString& chosenPath)
+WriteFailures save(MenuDocument& document, const QString& chosenPath)
 {
     document.ProjectFolder = folderOf(chosenPath);
     document.FilePrefix = savedPrefix(chosenPath);
-    const QString markerPath = document.FilePrefix + QStringLiteral(".QV1");
-    QStringList failed;
-    if (!writeMarker(markerPath)) {
-        failed.append(markerPath);
+    WriteFailures failures;
+    if (std::optional<WriteFailure> marker
+        = SafeWrite::writeFile(document.FilePrefix + QStringLiteral(".QV1"), QByteArrayLiteral("OK\r\n"))) {
+        failures.append(*marker);
     }
-    return failed + ComponentFiles::save(document);
+    return failures + ComponentFiles::save(document);
 }
 
 QStringList clear(MenuDocument& document, const QString& keepIn)

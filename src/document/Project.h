@@ -1,7 +1,8 @@
 #pragma once
 
+#include "SafeWrite.h"
+
 #include <QString>
-#include <QStringList>
 
 class MenuDocument;
 
@@ -23,8 +24,8 @@ QString savedPrefix(const QString& path);
 void open(MenuDocument& document, const QString& markerPath);
 
 // Points the document at the chosen path and writes the marker file and all component files there.
-// Returns the paths that could not be written.
-QStringList save(MenuDocument& document, const QString& chosenPath);
+// Returns what could not be written and why.
+WriteFailures save(MenuDocument& document, const QString& chosenPath);
 
 // Starts an empty menu: empties the document's tables and deletes the files of the working folder, or
 // moves them into keepIn when it is given, so that the change can be undone. Page version "1", no

@@ -11,8 +11,9 @@ namespace WorkingCopy {
 
 namespace {
 
-// A save cut off by a crash leaves its unfinished copy ("temp_pludata.txt.AbC123") beside the file it
-// would have replaced; the file itself is whole, the copy is litter.
+// A write cut off by a crash can leave its unfinished copy ("temp_pludata.txt.AbC123") beside the file
+// it would have replaced; the file itself is whole, the copy is litter. Loading settles the staged files
+// of a cut-off save first, which this pattern would take for litter too.
 void removeUnfinishedSaves()
 {
     QDir folder(WorkingPaths::workingFolder());
@@ -28,18 +29,18 @@ void open(MenuDocument& document)
 {
     document.PluCount = 0;
     WorkingPaths::ensureWorkingFolder();
-    removeUnfinishedSaves();
     document.FilePrefix = WorkingPaths::workingPrefix();
     document.ProjectFolder = WorkingPaths::workingFolder() + u'/';
     document.PagesVersion = QStringLiteral("0");
     ComponentFiles::load(document);
+    removeUnfinishedSaves();
 }
 
-void save(MenuDocument& document)
+WriteFailures save(MenuDocument& document)
 {
     WorkingPaths::ensureWorkingFolder();
     document.FilePrefix = WorkingPaths::workingPrefix();
-    ComponentFiles::save(document);
+    return ComponentFiles::save(document);
 }
 
 } // namespace WorkingCopy

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "SafeWrite.h"
+
 class MenuDocument;
 
 // The document kept in the working folder between runs: loaded at start-up, written by the autosave,
@@ -7,11 +9,11 @@ class MenuDocument;
 namespace WorkingCopy {
 
 // Start-up: makes the working folder, points the document at the working prefix and loads the files
-// found there, the previous run's document.
+// found there, the previous run's document, finishing or undoing a save that was cut off.
 void open(MenuDocument& document);
 
-// Points the document back at the working prefix and writes all its component files there. A file
-// that cannot be written is passed over.
-void save(MenuDocument& document);
+// Points the document back at the working prefix and writes all its component files there. Returns
+// what could not be written and why; the working copy is then the one saved before.
+WriteFailures save(MenuDocument& document);
 
 } // namespace WorkingCopy

@@ -1,6 +1,7 @@
 #include "PortSetting.h"
 
 #include "document/NumberText.h"
+#include "document/SafeWrite.h"
 
 #include <QSettings>
 
@@ -24,7 +25,9 @@ QString saved()
 
 void save(const QString& portText)
 {
-    settings().setValue(Key, portText);
+    QSettings stored = settings();
+    stored.setValue(Key, portText);
+    SafeWrite::storeSettings(stored);
 }
 
 std::int32_t portNumber(const QString& portText)

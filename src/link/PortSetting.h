@@ -9,6 +9,7 @@ namespace PortSetting {
 
 // The port text saved last; empty when it was never saved.
 QString saved();
+// Throws a Fault when the setting could not be stored.
 void save(const QString& portText);
 
 // The number handed to the link: the text's leading numeric part, 0 when there is none.

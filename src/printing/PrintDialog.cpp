@@ -8,6 +8,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QDoubleSpinBox>
 #include <QFormLayout>
 #include <QGroupBox>
@@ -338,12 +339,25 @@ void PrintDialog::Command1_Click()
                 return;
             }
         }
+        if (printsToPdf()) {
+            printToPdfFile();
+            return;
+        }
         QPrinter printer(QPrinter::HighResolution);
         setUpPrinter(printer);
         if (!PrintJob::print(m_document, request(), printer, m_prompts)) {
             m_prompts.showMessage(QStringLiteral("Could not print on %1.").arg(m_printerName->currentText()));
         }
     });
+}
+
+void PrintDialog::printToPdfFile()
+{
+    if (const std::optional<WriteFailure> failure
+        = PrintJob::printPdf(m_document, request(), m_pdfFile->text(), m_prompts)) {
+        m_prompts.showMessage(QStringLiteral("Could not write %1: %2")
+                                  .arg(QDir::toNativeSeparators(failure->path), failure->reason));
+    }
 }
 
 // The preview shows what Print would put on the sheets, without asking for them.

@@ -57,6 +57,8 @@ private:
     int chosenLanguage() const;
     PrintJob::Request request() const;
     bool printsToPdf() const;
+    // The sheets are made aside and replace the chosen file only once complete.
+    void printToPdfFile();
     void setUpPrinter(QPrinter& printer) const;
     void storeMargin(float PrintSettings::*margin, const QString& text);
 

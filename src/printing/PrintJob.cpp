@@ -3,8 +3,17 @@
 #include "app/BusyCursor.h"
 #include "app/UserPrompts.h"
 
+#include <QBuffer>
+#include <QPageSize>
 #include <QPagedPaintDevice>
 #include <QPainter>
+#include <QPdfWriter>
+
+namespace {
+
+constexpr int PdfResolution = 600;
+
+} // namespace
 
 namespace PrintJob {
 
@@ -32,6 +41,23 @@ bool print(
     }
     const BusyCursor busy;
     return drawSheets(document, request, device);
+}
+
+std::optional<WriteFailure> printPdf(
+    const MenuDocument& document, const Request& request, const QString& path, UserPrompts& prompts)
+{
+    QBuffer sheets;
+    sheets.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&sheets);
+    writer.setPageSize(QPageSize(QPageSize::A4));
+    writer.setPageMargins(QMarginsF());
+    writer.setResolution(PdfResolution);
+    writer.setCreator(QStringLiteral("Orvik Quorvel"));
+    writer.setTitle(QStringLiteral("Orvik Quorvel"));
+    if (!print(document, request, writer, prompts)) {
+        return WriteFailure { path, QStringLiteral("the sheets could not be drawn") };
+    }
+    return SafeWrite::writeFile(path, sheets.data());
 }
 
 } // namespace PrintJob

@@ -1,6 +1,9 @@
 #pragma once
 
 #include "PageSideRenderer.h"
+#include "document/SafeWrite.h"
+
+#include <optional>
 
 class MenuDocument;
 class QPagedPaintDevice;
@@ -24,5 +27,10 @@ bool drawSheets(const MenuDocument& document, const Request& request, QPagedPain
 // the busy pointer showing.
 bool print(
     const MenuDocument& document, const Request& request, QPagedPaintDevice& device, UserPrompts& prompts);
+
+// Prints into a PDF file, A4 without margins. The sheets are made in memory and take the file's place
+// only once complete, so that a print that fails leaves the file as it was. Nothing when it succeeded.
+std::optional<WriteFailure> printPdf(
+    const MenuDocument& document, const Request& request, const QString& path, UserPrompts& prompts);
 
 } // namespace PrintJob

@@ -1,5 +1,7 @@
 #include "TranslationService.h"
 
+#include "document/SafeWrite.h"
+
 #include <QSettings>
 #include <QUrl>
 
@@ -38,11 +40,13 @@ QString savedAddress()
 
 void saveAddress(const QString& address)
 {
+    QSettings stored = settings();
     if (address.isEmpty()) {
-        settings().remove(Key);
+        stored.remove(Key);
     } else {
-        settings().setValue(Key, address);
+        stored.setValue(Key, address);
     }
+    SafeWrite::storeSettings(stored);
 }
 
 bool isValidAddress(const QString& address)

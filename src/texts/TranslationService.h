@@ -11,7 +11,7 @@ QString address();
 
 // The setting alone, as the user saved it; the environment is not looked at.
 QString savedAddress();
-// An empty address removes the setting.
+// An empty address removes the setting. Throws a Fault when the setting could not be stored.
 void saveAddress(const QString& address);
 
 // True for "http" or "https", a host and at most a port: no user, path, query or fragment.

@@ -33,6 +33,7 @@ private slots:
     void firstStartMakesTheWorkingFolderAndShowsAnEmptyMenu();
     void titleAndMenuBarAreThoseOfTheDesigner();
     void timerTickWritesTheWorkingCopyEvenAfterANamedSave();
+    void failedSavesAskOnceAndWarnUntilASaveSucceeds();
     void closingSavesAndTheNextStartShowsTheSameMenu();
     void exitClosesTheWindowAndKeepsTheWork();
     void aFaultEndsOnlyTheHandlerAndLosesNothingStored();
@@ -154,6 +155,38 @@ void MainWindowTest::timerTickWritesTheWorkingCopyEvenAfterANamedSave()
     QCOMPARE(readBytes(m_root->workingFile(QStringLiteral("_pludata.txt"))),
         QByteArray("st1,42,,42,3.50,Sopa do dia\r\n"));
     QVERIFY(!QFile::exists(named + QStringLiteral("_pludata.txt")));
+}
+
+void MainWindowTest::failedSavesAskOnceAndWarnUntilASaveSucceeds()
+{
+    auto window = startWindow();
+    auto* warning = window->findChild<QLabel*>(u"SaveWarning"_s);
+    QVERIFY(warning && !warning->isVisible());
+
+    // A working root below a plain file: the working folder cannot be made.
+    const QString plainFile = m_root->path() + u"/plain"_s;
+    writeBytes(plainFile, "x");
+    const QByteArray workingRoot = qgetenv("QUORVEL_ROOT");
+    qputenv("QUORVEL_ROOT", QFile::encodeName(plainFile));
+    window->Timer1_Timer();
+    window->Timer1_Timer();
+    QCOMPARE(m_prompts->messages.size(), 1);
+    QVERIFY2(m_prompts->messages.first().startsWith(u"The menu could not be saved in "_s
+                 + QDir::toNativeSeparators(plainFile + u"/temp_orvik"_s)),
+        qPrintable(m_prompts->messages.first()));
+    QVERIFY(warning->isVisible());
+
+    // A save the user asks for always says so, here into a folder that is not there.
+    m_prompts->answers = { m_root->path() + u"/missing/summer.QV1"_s };
+    window->Save_Click();
+    QCOMPARE(m_prompts->messages.size(), 2);
+    QVERIFY2(m_prompts->messages.last().contains(QDir::toNativeSeparators(m_root->path() + u"/missing: "_s)),
+        qPrintable(m_prompts->messages.last()));
+
+    qputenv("QUORVEL_ROOT", workingRoot);
+    window->Timer1_Timer();
+    QVERIFY(!warning->isVisible());
+    QCOMPARE(m_prompts->messages.size(), 2);
 }
 
 void MainWindowTest::closingSavesAndTheNextStartShowsTheSameMenu()

@@ -8,6 +8,7 @@
 
 #include <QDir>
 
+#include <cstdio>
 #include <gtest/gtest.h>
 #include <random>
 
@@ -352,7 +353,50 @@ TEST_F(ComponentFilesTest, SaveReportsTheFilesItCannotWrite)
 {
     MenuDocument document;
     document.FilePrefix = root.path() + QStringLiteral("/no such folder/menu");
-    const QStringList failed = ComponentFiles::save(document);
-    EXPECT_EQ(failed.size(), 36);
-    EXPECT_TRUE(failed.contains(document.FilePrefix + QStringLiteral("_Languages.txt")));
+    const WriteFailures failed = ComponentFiles::save(document);
+    ASSERT_EQ(failed.size(), 36);
+    EXPECT_TRUE(std::any_of(failed.begin(), failed.end(), [&](const WriteFailure& failure) {
+        return failure.path == document.FilePrefix + QStringLiteral("_Languages.txt");
+    }));
+    EXPECT_EQ(failed.first().reason, QStringLiteral("No such file or directory"));
+}
+
+TEST_F(ComponentFilesTest, ALoadFinishesASaveCutOffAfterItsJournalAndDropsOneCutOffBefore)
+{
+    auto document = SampleDocuments::richMenu();
+    document->FilePrefix = prefix;
+    ASSERT_TRUE(ComponentFiles::save(*document).isEmpty());
+    const QList<ComponentFiles::File> saved = ComponentFiles::render(*document);
+    const QString savedVersion = document->PagesVersion;
+    document->PagesVersion = QStringLiteral("7");
+    document->Plus[1].Price = QStringLiteral("9.99");
+    const QList<ComponentFiles::File> next = ComponentFiles::render(*document);
+    const auto stageNext = [&] {
+        for (const ComponentFiles::File& f : next) {
+            write(f.suffix + QStringLiteral(".staged"), f.bytes);
+        }
+    };
+    const auto expectOnDisk = [&](const QList<ComponentFiles::File>& files) {
+        for (const ComponentFiles::File& f : files) {
+            EXPECT_EQ(readBytes(file(f.suffix)), f.bytes) << f.suffix.toStdString();
+        }
+        EXPECT_EQ(QDir(root.path())
+                      .entryList({ QStringLiteral("*.staged"), QStringLiteral("*.saving") }, QDir::Files),
+            QStringList());
+    };
+
+    // Cut off while writing aside: the next load finds the files of the save before.
+    stageNext();
+    QFile::remove(file(QStringLiteral("_Languages.txt.staged")));
+    EXPECT_EQ(loadFresh()->PagesVersion, savedVersion);
+    expectOnDisk(saved);
+
+    // Cut off while moving into place, the journal written: the load finishes the move.
+    stageNext();
+    write(QStringLiteral(".saving"), "complete\r\n");
+    ASSERT_EQ(std::rename(qPrintable(file(QStringLiteral("_pludata.txt.staged"))),
+                  qPrintable(file(QStringLiteral("_pludata.txt")))),
+        0);
+    EXPECT_EQ(loadFresh()->PagesVersion, u"7");
+    expectOnDisk(next);
 }
