@@ -511,15 +511,15 @@ WriteFailures failuresAmong(const std::vector<std::optional<WriteFailure>>& outc
     return failures;
 }
 
-// Side by side, since replacing a file also frees the old one's space. The journal goes only once every
-// staged file is in place, so that the next load finishes a move that was cut off.
+// One after the other: the moves all change one folder, so side by side they only wait for each other.
+// The journal goes only once every staged file is in place, so that the next load finishes a move that
+// was cut off.
 WriteFailures moveIntoPlace(const QString& prefix, const QStringList& suffixes)
 {
-    std::vector<std::optional<WriteFailure>> moved(static_cast<std::size_t>(suffixes.size()));
-    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
-        moved[static_cast<std::size_t>(i)]
-            = SafeWrite::moveOver(stagedPath(prefix, suffixes[i]), prefix + suffixes[i]);
-    });
+    std::vector<std::optional<WriteFailure>> moved;
+    for (const QString& suffix : suffixes) {
+        moved.push_back(SafeWrite::moveOver(stagedPath(prefix, suffix), prefix + suffix));
+    }
     const WriteFailures failures = failuresAmong(moved);
     if (failures.isEmpty()) {
         QFile::remove(journalPath(prefix));
