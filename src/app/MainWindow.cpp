@@ -533,22 +533,38 @@ void MainWindow::showOnce(QPointer<Window>& window, Make&& make)
     window->activateWindow();
 }
 
+// A menu that could not be written stays open once, so that the user can save it elsewhere; closing
+// again quits without it.
 void MainWindow::closeEvent(QCloseEvent* event)
 {
-    guarded([this] { shutDown(); });
-    event->accept();
+    bool closing = true;
+    guarded([&] { closing = shutDown(); });
+    if (closing) {
+        event->accept();
+    } else {
+        event->ignore();
+    }
 }
 
-void MainWindow::shutDown()
+bool MainWindow::shutDown()
 {
     m_timer1->stop();
-    showSaveOutcome(WorkingCopy::save(m_document), Asking::Always);
+    const WriteFailures failures = WorkingCopy::save(m_document);
+    if (!failures.isEmpty() && !m_keptOpenUnsaved) {
+        m_keptOpenUnsaved = true;
+        showSaveOutcome(failures, Asking::Always,
+            tr("The window stays open so that you can save the menu elsewhere (File, Save); close it again "
+               "to quit without saving."));
+        m_timer1->start();
+        return false;
+    }
     closeOtherWindows();
+    return true;
 }
 
 // A failure stays on the status line until a save succeeds. The autosave asks once while it keeps
 // failing in the same folder, instead of every minute.
-bool MainWindow::showSaveOutcome(const WriteFailures& failures, Asking asking)
+bool MainWindow::showSaveOutcome(const WriteFailures& failures, Asking asking, const QString& advice)
 {
     if (failures.isEmpty()) {
         m_saveWarning->hide();
@@ -562,9 +578,10 @@ bool MainWindow::showSaveOutcome(const WriteFailures& failures, Asking asking)
     m_saveWarning->show();
     if (asking == Asking::Always || folder != m_reportedSaveFolder) {
         m_reportedSaveFolder = folder;
-        m_prompts.showMessage(tr("The menu could not be saved in %1: %2.\nThe files saved there before are "
-                                 "kept as they were.")
-                                  .arg(folder, first.reason));
+        const QString message = tr("The menu could not be saved in %1: %2.\nThe files saved there before are "
+                                   "kept as they were.")
+                                    .arg(folder, first.reason);
+        m_prompts.showMessage(advice.isEmpty() ? message : message + u'\n' + advice);
     }
     return false;
 }

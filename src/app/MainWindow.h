@@ -91,8 +91,9 @@ private:
     void startNewDocument();
     template<typename Import>
     void importProducts(Import&& import);
-    void shutDown();
-    bool showSaveOutcome(const WriteFailures& failures, Asking asking);
+    // Writes the working copy and closes the other windows; false when the window should stay open.
+    bool shutDown();
+    bool showSaveOutcome(const WriteFailures& failures, Asking asking, const QString& advice = {});
     void handlerEnded(const HandlerGuard::Change& change) override;
     void updateUndoActions();
     void closeOtherWindows();
@@ -120,4 +121,5 @@ private:
     int m_side = 1;
     QLabel* m_saveWarning = nullptr;
     QString m_reportedSaveFolder; // the folder the user was last told a save failed in
+    bool m_keptOpenUnsaved = false; // closing once failed to write the working copy
 };
