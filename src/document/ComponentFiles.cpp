@@ -40,9 +40,8 @@ const QString StagedEnding = QStringLiteral(".staged");
 const QString JournalEnding = QStringLiteral(".saving");
 const QByteArray JournalText = QByteArrayLiteral("complete\r\n");
 
-// Making the files keeps the processor busy, so one thread a core; writing them waits on the disk,
-// so more threads let their waits overlap.
-const qsizetype MakerThreads = std::max(1, QThread::idealThreadCount());
+// Each file is made and then written on one thread: writing waits on the disk, so more threads than
+// cores let those waits overlap with the making of other files.
 constexpr qsizetype WriterThreads = 8;
 
 // The layout file stops at this slot; the slots after it are not stored.
@@ -535,35 +534,28 @@ void finishMoves(const QString& prefix)
     moveIntoPlace(prefix, staged);
 }
 
-// Makes every file's bytes side by side. A fault in any maker is raised once all have ended.
-std::vector<QByteArray> makeAll(const QList<FileMaker>& makers)
+// Makes every file and writes it aside as soon as it is made, so that the disk works while the
+// processor makes the rest: staging leaves the files in use alone, so a fault in a maker costs nothing
+// but the staged files, which go. Returns the failed writes by the component files they were meant for.
+WriteFailures makeAndStageAll(const QString& prefix, const QList<FileMaker>& makers)
 {
-    std::vector<QByteArray> bytes(static_cast<std::size_t>(makers.size()));
-    std::vector<std::exception_ptr> faults(bytes.size());
-    runSideBySide(makers.size(), MakerThreads, [&](qsizetype i) {
+    const auto count = static_cast<std::size_t>(makers.size());
+    std::vector<std::optional<WriteFailure>> staged(count);
+    std::vector<std::exception_ptr> faults(count);
+    runSideBySide(makers.size(), WriterThreads, [&](qsizetype i) {
+        const auto at = static_cast<std::size_t>(i);
         try {
-            bytes[static_cast<std::size_t>(i)] = makers[i].make();
+            staged[at] = SafeWrite::writeFile(stagedPath(prefix, makers[i].suffix), makers[i].make());
         } catch (...) {
-            faults[static_cast<std::size_t>(i)] = std::current_exception();
+            faults[at] = std::current_exception();
         }
     });
     for (const std::exception_ptr& fault : faults) {
         if (fault) {
+            discardStaged(prefix);
             std::rethrow_exception(fault);
         }
     }
-    return bytes;
-}
-
-// Writes every file aside; the failures name the component files they were meant for.
-WriteFailures stageAll(
-    const QString& prefix, const QStringList& suffixes, const std::vector<QByteArray>& bytes)
-{
-    std::vector<std::optional<WriteFailure>> staged(bytes.size());
-    runSideBySide(suffixes.size(), WriterThreads, [&](qsizetype i) {
-        const auto at = static_cast<std::size_t>(i);
-        staged[at] = SafeWrite::writeFile(stagedPath(prefix, suffixes[i]), bytes[at]);
-    });
     WriteFailures failures = failuresAmong(staged);
     for (WriteFailure& failure : failures) {
         failure.path.chop(StagedEnding.size());
@@ -590,11 +582,9 @@ WriteFailures save(const MenuDocument& document)
     const QString prefix = document.FilePrefix;
     const PluNumberIndex plus(document);
     QList<FileMaker> makers = fileMakers(document, plus);
-    // The language file is by far the largest: it starts first. A fault in any maker leaves every file
-    // as it was, since nothing is written before all files are made.
+    // The language file is by far the largest: it starts first.
     std::stable_partition(
         makers.begin(), makers.end(), [](const FileMaker& maker) { return maker.suffix == LanguagesSuffix; });
-    const std::vector<QByteArray> bytes = makeAll(makers);
     QStringList suffixes;
     for (const FileMaker& maker : makers) {
         suffixes.append(maker.suffix);
@@ -604,7 +594,7 @@ WriteFailures save(const MenuDocument& document)
     if (QFile::exists(journalPath(prefix))) {
         finishMoves(prefix);
     }
-    WriteFailures failures = stageAll(prefix, suffixes, bytes);
+    WriteFailures failures = makeAndStageAll(prefix, makers);
     if (failures.isEmpty()) {
         std::optional<WriteFailure> journal = SafeWrite::writeFile(journalPath(prefix), JournalText);
         if (!journal) {

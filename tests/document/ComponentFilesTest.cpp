@@ -399,4 +399,10 @@ TEST_F(ComponentFilesTest, ALoadFinishesASaveCutOffAfterItsJournalAndDropsOneCut
         0);
     EXPECT_EQ(loadFresh()->PagesVersion, u"7");
     expectOnDisk(next);
+
+    // A file that cannot be made, with others already written aside, leaves the set as it was.
+    document->ModifierListCount = 1;
+    document->ModifierLists[0].EntryCount = Limits::EntryCapacity + 1;
+    EXPECT_THROW(ComponentFiles::save(*document), RangeFault);
+    expectOnDisk(next);
 }
