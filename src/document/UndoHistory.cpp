@@ -172,8 +172,8 @@ bool same(const T& now, const T& was)
     return now == was;
 }
 
-// The entries of one part that differ, as they were and as they are.
-// Counted first, so that the cells of a change to every entry (New) are allocated once.
+// The entries of one part that differ, as they were and as they are. They are counted first, so that
+// the cells of a change to every entry (New) are allocated once.
 template<typename Part, typename T>
 void takeDifferences(Part& current, Part& baseline, std::vector<Cell<T>>& cells)
 {
