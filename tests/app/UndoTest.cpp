@@ -2,6 +2,7 @@
 // of the saved files and the pictures of the working folder.
 #include "app/MainWindow.h"
 #include "document/WorkingCopy.h"
+#include "support/RequireChild.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -72,21 +73,13 @@ QMap<QString, QByteArray> UndoTest::savedFiles()
 
 QAction* UndoTest::action(const char* name) const
 {
-    auto* found = m_window->findChild<QAction*>(QLatin1StringView(name));
-    if (!found) {
-        qFatal("no action %s", name);
-    }
-    return found;
+    return requireChild<QAction>(*m_window, QLatin1StringView(name));
 }
 
 template<typename T>
 T* UndoTest::child(const QString& name) const
 {
-    auto* found = m_window->findChild<T*>(name);
-    if (!found) {
-        qFatal("no widget %s", qPrintable(name));
-    }
-    return found;
+    return requireChild<T>(*m_window, name);
 }
 
 void UndoTest::everyKindOfChangeIsUndoneAndRedoneToTheSameFiles()

@@ -3,6 +3,7 @@
 #include "appearance/DefaultColorsDialog.h"
 #include "designer/PictureBox.h"
 #include "document/MenuDocument.h"
+#include "support/RequireChild.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
 
@@ -33,9 +34,7 @@ private:
     template<typename Widget>
     Widget* find(QDialog& dialog, const QString& name) const
     {
-        auto* widget = dialog.findChild<Widget*>(name);
-        Q_ASSERT(widget);
-        return widget;
+        return requireChild<Widget>(dialog, name);
     }
     std::unique_ptr<BackgroundEffectsDialog> openBackgroundEffects(int page, int side);
 

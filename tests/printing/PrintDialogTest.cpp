@@ -2,6 +2,7 @@
 
 #include "document/MenuDocument.h"
 #include "support/PdfPages.h"
+#include "support/RequireChild.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -40,9 +41,7 @@ private:
     template<typename Widget = QLineEdit>
     Widget* find(const QString& name) const
     {
-        auto* widget = m_dialog->findChild<Widget*>(name);
-        Q_ASSERT(widget);
-        return widget;
+        return requireChild<Widget>(*m_dialog, name);
     }
     void click(const QString& name) const { find<QAbstractButton>(name)->click(); }
     // Chooses the PDF file as the printer and prints into it.

@@ -2,6 +2,7 @@
 
 #include "catalogue/CataloguePanel.h"
 #include "support/RecordingTranslator.h"
+#include "support/RequireChild.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
@@ -47,9 +48,7 @@ private:
     template<typename Widget = QLineEdit>
     Widget* find(const QString& name) const
     {
-        auto* widget = m_dialog->findChild<Widget*>(name);
-        Q_ASSERT(widget);
-        return widget;
+        return requireChild<Widget>(*m_dialog, name);
     }
     QLineEdit* text3(int row) const { return find(u"Text3_"_s + QString::number(row)); }
     void click(const QString& button) const { find<QAbstractButton>(button)->click(); }

@@ -2,6 +2,7 @@
 
 #include "document/MenuDocument.h"
 #include "support/RecordingTranslator.h"
+#include "support/RequireChild.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
 
@@ -37,9 +38,7 @@ private:
     template<typename Widget = QLineEdit>
     Widget* find(const QString& name) const
     {
-        auto* widget = m_dialog->findChild<Widget*>(name);
-        Q_ASSERT(widget);
-        return widget;
+        return requireChild<Widget>(*m_dialog, name);
     }
     void click(const QString& button) const { find<QAbstractButton>(button)->click(); }
     LineLayout& line(int slot) const { return m_document->LineLayouts[slot]; }
