@@ -515,11 +515,13 @@ WriteFailures failuresAmong(const std::vector<std::optional<WriteFailure>>& outc
 // was cut off.
 WriteFailures moveIntoPlace(const QString& prefix, const QStringList& suffixes)
 {
-    std::vector<std::optional<WriteFailure>> moved;
+    WriteFailures failures;
     for (const QString& suffix : suffixes) {
-        moved.push_back(SafeWrite::moveOver(stagedPath(prefix, suffix), prefix + suffix));
+        if (std::optional<WriteFailure> failure
+            = SafeWrite::moveOver(stagedPath(prefix, suffix), prefix + suffix)) {
+            failures.append(*failure);
+        }
     }
-    const WriteFailures failures = failuresAmong(moved);
     if (failures.isEmpty()) {
         QFile::remove(journalPath(prefix));
     }
