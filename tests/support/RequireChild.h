@@ -2,7 +2,6 @@
 
 #include <QObject>
 #include <QString>
-
 #include <QtGlobal>
 
 // The named child of parent. A missing one ends the test with a message naming it, in every build:
