@@ -35,9 +35,11 @@ const QString LanguagesSuffix = QStringLiteral("_Languages.txt");
 const QString PagesVersionSuffix = QStringLiteral("_PagesVersion.txt");
 
 // A save writes the new files aside under this ending, then the journal that says they are all there,
-// then moves them into place and removes the journal.
+// then moves them into place and removes the journal. The files they replace keep a hidden second name
+// until a worker thread removes it.
 const QString StagedEnding = QStringLiteral(".staged");
 const QString JournalEnding = QStringLiteral(".saving");
+const QString ReplacedEnding = QStringLiteral(".replaced");
 const QByteArray JournalText = QByteArrayLiteral("complete\r\n");
 
 // Each file is made and then written on one thread: writing waits on the disk, so more threads than
@@ -486,6 +488,13 @@ QString stagedPath(const QString& prefix, const QString& suffix)
     return prefix + suffix + StagedEnding;
 }
 
+// The hidden second name that keeps a replaced file until it is let go in the background.
+QString replacedPath(const QString& path)
+{
+    const qsizetype nameStart = path.lastIndexOf(u'/') + 1;
+    return path.first(nameStart) + u'.' + path.sliced(nameStart) + ReplacedEnding;
+}
+
 QString journalPath(const QString& prefix)
 {
     return prefix + JournalEnding;
@@ -516,15 +525,20 @@ WriteFailures failuresAmong(const std::vector<std::optional<WriteFailure>>& outc
 WriteFailures moveIntoPlace(const QString& prefix, const QStringList& suffixes)
 {
     WriteFailures failures;
+    QStringList replaced;
     for (const QString& suffix : suffixes) {
-        if (std::optional<WriteFailure> failure
-            = SafeWrite::moveOver(stagedPath(prefix, suffix), prefix + suffix)) {
+        const QString path = prefix + suffix;
+        if (SafeWrite::addName(path, replacedPath(path))) {
+            replaced.append(replacedPath(path));
+        }
+        if (std::optional<WriteFailure> failure = SafeWrite::moveOver(stagedPath(prefix, suffix), path)) {
             failures.append(*failure);
         }
     }
     if (failures.isEmpty()) {
         QFile::remove(journalPath(prefix));
     }
+    SafeWrite::removeInBackground(replaced);
     return failures;
 }
 
@@ -615,6 +629,10 @@ void recover(const QString& prefix)
         finishMoves(prefix);
     } else {
         discardStaged(prefix);
+    }
+    // Replaced files a stopped program did not get to let go.
+    for (const QString& suffix : componentSuffixes()) {
+        QFile::remove(replacedPath(prefix + suffix));
     }
 }
 

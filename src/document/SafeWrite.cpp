@@ -3,8 +3,10 @@
 #include "Fault.h"
 
 #include <QDir>
+#include <QFile>
 #include <QSaveFile>
 #include <QSettings>
+#include <QThreadPool>
 
 #include <filesystem>
 #include <system_error>
@@ -51,6 +53,25 @@ std::optional<WriteFailure> moveOver(const QString& from, const QString& to)
         return WriteFailure { to, QString::fromStdString(error.message()) };
     }
     return std::nullopt;
+}
+
+bool addName(const QString& path, const QString& otherName)
+{
+    std::error_code error;
+    std::filesystem::create_hard_link(nativePath(path), nativePath(otherName), error);
+    return !error;
+}
+
+void removeInBackground(const QStringList& paths)
+{
+    if (paths.isEmpty()) {
+        return;
+    }
+    QThreadPool::globalInstance()->start([paths] {
+        for (const QString& path : paths) {
+            QFile::remove(path);
+        }
+    });
 }
 
 void storeSettings(QSettings& settings)

@@ -3,6 +3,7 @@
 #include <QByteArray>
 #include <QList>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
 
@@ -27,6 +28,14 @@ std::optional<WriteFailure> writeFile(const QString& path, const QByteArray& byt
 
 // Moves a file over another in one step: whoever opens the target finds the old file or the new one.
 std::optional<WriteFailure> moveOver(const QString& from, const QString& to);
+
+// Gives the file a second name, so that a move over it does not free it: freeing a large file costs as
+// much as the move. False when the name could not be given (it is taken, or links are not supported).
+bool addName(const QString& path, const QString& otherName);
+
+// Removes the files on a worker thread: they are names no one reads, and the last name of a file takes
+// its blocks with it.
+void removeInBackground(const QStringList& paths);
 
 // Writes the settings changed so far to their file. Throws a Fault naming the file when they could not
 // be stored.

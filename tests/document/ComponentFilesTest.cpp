@@ -7,6 +7,7 @@
 #include "support/TestWorkingRoot.h"
 
 #include <QDir>
+#include <QThreadPool>
 
 #include <cstdio>
 #include <gtest/gtest.h>
@@ -380,8 +381,12 @@ TEST_F(ComponentFilesTest, ALoadFinishesASaveCutOffAfterItsJournalAndDropsOneCut
         for (const ComponentFiles::File& f : files) {
             EXPECT_EQ(readBytes(file(f.suffix)), f.bytes) << f.suffix.toStdString();
         }
+        // The files a move replaced are let go on a worker thread.
+        QThreadPool::globalInstance()->waitForDone();
         EXPECT_EQ(QDir(root.path())
-                      .entryList({ QStringLiteral("*.staged"), QStringLiteral("*.saving") }, QDir::Files),
+                      .entryList({ QStringLiteral("*.staged"), QStringLiteral("*.saving"),
+                                     QStringLiteral("*.replaced") },
+                          QDir::Files | QDir::Hidden),
             QStringList());
     };
 
@@ -391,9 +396,11 @@ TEST_F(ComponentFilesTest, ALoadFinishesASaveCutOffAfterItsJournalAndDropsOneCut
     EXPECT_EQ(loadFresh()->PagesVersion, savedVersion);
     expectOnDisk(saved);
 
-    // Cut off while moving into place, the journal written: the load finishes the move.
+    // Cut off while moving into place, the journal written, before the replaced files were let go: the
+    // load finishes the move and lets them go.
     stageNext();
     write(QStringLiteral(".saving"), "complete\r\n");
+    writeBytes(root.path() + QStringLiteral("/.menu_Layout.txt.replaced"), saved.first().bytes);
     ASSERT_EQ(std::rename(qPrintable(file(QStringLiteral("_pludata.txt.staged"))),
                   qPrintable(file(QStringLiteral("_pludata.txt")))),
         0);

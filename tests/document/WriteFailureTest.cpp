@@ -32,6 +32,10 @@ FolderContents contentsOf(const QString& folder)
     FolderContents files;
     const QDir dir(folder);
     for (const QString& name : dir.entryList(QDir::Files | QDir::Hidden)) {
+        // Files replaced by the last save go on a worker thread whenever it gets to them.
+        if (name.endsWith(u".replaced")) {
+            continue;
+        }
         files[name] = readBytes(dir.filePath(name));
     }
     return files;
