@@ -72,13 +72,22 @@ QString decode(QByteArrayView bytes)
 {
     // Latin-1, which Qt widens quickly, except for the bytes 0x80 to 0x9F.
     QString text = QString::fromLatin1(bytes);
+    // Menus are mostly ASCII: eight bytes without a high bit are passed over at once.
     QChar* const out = text.data();
     const char* const in = bytes.data();
-    for (qsizetype i = 0; i < bytes.size(); ++i) {
+    const qsizetype size = bytes.size();
+    for (qsizetype i = 0; i < size;) {
+        std::uint64_t eight = 0;
+        if (size - i >= 8
+            && (std::memcpy(&eight, in + i, sizeof eight), (eight & 0x8080808080808080u) == 0)) {
+            i += 8;
+            continue;
+        }
         const auto byte = static_cast<unsigned char>(in[i]);
         if (byte >= 0x80 && byte <= 0x9F) {
             out[i] = QChar(charOfByte(byte));
         }
+        ++i;
     }
     return text;
 }
