@@ -1,7 +1,5 @@
 #include "MainWindow.h"
 
-#include "BusyCursor.h"
-#include "ChangeNames.h"
 #include "appearance/BackgroundEffectsDialog.h"
 #include "appearance/DefaultColorsDialog.h"
 #include "catalogue/CataloguePanel.h"
@@ -22,6 +20,8 @@
 #include "texts/TranslationServiceDialog.h"
 #include "texts/TranslationTestDialog.h"
 #include "texts/WebTranslationClient.h"
+#include "ui/BusyCursor.h"
+#include "ui/ChangeNames.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -96,7 +96,7 @@ private:
 
 MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     : QMainWindow(parent)
-    , m_prompts(prompts)
+    , GuardedHandlers(prompts)
     , m_history(m_document, WorkingPaths::workingRoot())
     , m_link(std::make_unique<DravlinkLibrary>())
     , m_timer1(new QTimer(this))
@@ -131,12 +131,6 @@ MainWindow::~MainWindow()
     delete m_rowHandlers;
     // The reception window works on the link, which goes with the members before the child windows.
     delete m_receptionWindow;
-}
-
-template<typename Work>
-void MainWindow::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 void MainWindow::buildPanels()

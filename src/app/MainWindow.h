@@ -1,10 +1,11 @@
 #pragma once
 
-#include "HandlerGuard.h"
 #include "designer/RowHandlers.h"
 #include "document/MenuDocument.h"
 #include "document/SafeWrite.h"
 #include "document/UndoHistory.h"
+#include "ui/GuardedHandlers.h"
+#include "ui/HandlerGuard.h"
 
 #include <QMainWindow>
 #include <QPointer>
@@ -21,13 +22,12 @@ class RadioLink;
 class SendDialog;
 class Translator;
 class ReceptionWindow;
-class UserPrompts;
 
 // The designer's main window: the catalogue, the current page and the modifier lists, with the menu
 // bar. It owns the one document of the run and keeps its working copy: loaded when the window opens,
 // written every minute and when the window closes. Every change a handler makes is a step of its undo
 // history.
-class MainWindow : public QMainWindow, private HandlerGuard::Observer
+class MainWindow : public QMainWindow, private GuardedHandlers, private HandlerGuard::Observer
 {
     Q_OBJECT
 
@@ -99,12 +99,9 @@ private:
     void closeOtherWindows();
     QString frontRowProperty(int row, const char* name) const;
 
-    template<typename Work>
-    void guarded(Work&& work);
     template<typename Window, typename Make>
     void showOnce(QPointer<Window>& window, Make&& make);
 
-    UserPrompts& m_prompts;
     MenuDocument m_document;
     UndoHistory m_history;
     QAction* m_undo = nullptr;

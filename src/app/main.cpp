@@ -1,5 +1,5 @@
 #include "MainWindow.h"
-#include "QtUserPrompts.h"
+#include "ui/QtUserPrompts.h"
 
 #include <QApplication>
 #include <QCommandLineParser>

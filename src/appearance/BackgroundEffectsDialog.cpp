@@ -1,12 +1,12 @@
 #include "BackgroundEffectsDialog.h"
 
-#include "ColorButton.h"
-#include "ColorNumbers.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
 #include "designer/PictureBox.h"
+#include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
-#include "texts/GroupTitles.h"
+#include "document/PicturePaths.h"
+#include "ui/ColorButton.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -19,11 +19,11 @@
 BackgroundEffectsDialog::BackgroundEffectsDialog(
     MenuDocument& document, int page, int side, PictureBox& area, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
     , m_page(page)
     , m_side(side)
     , m_area(area)
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("BackgroundEffects"));
     setWindowTitle(QStringLiteral("Background effects"));
@@ -65,12 +65,6 @@ BackgroundEffectsDialog::BackgroundEffectsDialog(
     });
 }
 
-template<typename Work>
-void BackgroundEffectsDialog::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
-}
-
 QString& BackgroundEffectsDialog::storedColor()
 {
     PrintSettings& print = m_document.PrintSettings;
@@ -100,7 +94,7 @@ void BackgroundEffectsDialog::Command2_Click()
     guarded([this] {
         const QString path = m_prompts.askOpenFile(QStringLiteral("*.JPG"));
         if (!path.isEmpty()) {
-            m_text1->setText(GroupTitles::relativePicturePath(path, m_document.ProjectFolder));
+            m_text1->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
         }
     });
 }

@@ -1,16 +1,17 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QDialog>
 
 class ColorButton;
 class MenuDocument;
 class PictureBox;
 class QLineEdit;
-class UserPrompts;
 
 // "Background effects": the background colour and picture of one side of the current page. The side's
 // area on the page view takes a new colour at once; everything is stored in the menu as it is chosen.
-class BackgroundEffectsDialog : public QDialog
+class BackgroundEffectsDialog : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -28,14 +29,10 @@ private:
     QString& storedColor();
     QString& storedPicture();
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
     int m_page;
     int m_side;
     PictureBox& m_area;
-    UserPrompts& m_prompts;
     ColorButton* m_command1 = nullptr;
     QLineEdit* m_text1 = nullptr;
 };

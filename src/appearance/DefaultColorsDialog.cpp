@@ -1,10 +1,10 @@
 #include "DefaultColorsDialog.h"
 
-#include "ColorButton.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
 #include "designer/PageRendering.h"
 #include "document/MenuDocument.h"
+#include "ui/ColorButton.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -19,8 +19,8 @@
 
 DefaultColorsDialog::DefaultColorsDialog(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("DefaultColors"));
     setWindowTitle(QStringLiteral("Default Colors"));
@@ -91,12 +91,6 @@ QLayout* DefaultColorsDialog::buildPageAndFont()
     connect(m_combo1, &QComboBox::currentTextChanged, this, &DefaultColorsDialog::Combo1_Click);
     connect(m_text3, &QLineEdit::textChanged, this, &DefaultColorsDialog::Text3_Change);
     return form;
-}
-
-template<typename Work>
-void DefaultColorsDialog::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 // Showing the stored values is not an edit: the font and currency handlers stay quiet meanwhile.

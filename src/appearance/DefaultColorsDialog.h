@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QDialog>
 
 #include <array>
@@ -9,12 +11,11 @@ class MenuDocument;
 class QComboBox;
 class QLabel;
 class QLineEdit;
-class UserPrompts;
 
 // "Default Colors": the background and text colours of text lines, titles and notes, the default page
 // background, the menu's font and the currency symbol. Every change is stored in the menu at once;
 // there is nothing to cancel.
-class DefaultColorsDialog : public QDialog
+class DefaultColorsDialog : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -36,11 +37,7 @@ private:
     void load();
     void pickColor(ColorButton* button, QString& stored);
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     std::array<ColorButton*, Kinds> m_command3 {};
     std::array<ColorButton*, Kinds> m_command4 {};
     ColorButton* m_command5 = nullptr;

@@ -1,10 +1,10 @@
 #include "CataloguePanel.h"
 
-#include "app/ChangeNames.h"
-#include "app/EnterKey.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
 #include "document/MenuDocument.h"
+#include "ui/ChangeNames.h"
+#include "ui/EnterKey.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -32,8 +32,8 @@ int descriptionWidth(const QFontMetrics& metrics, int characters)
 
 CataloguePanel::CataloguePanel(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("CataloguePanel"));
     buildControls();
@@ -102,13 +102,6 @@ QSize CataloguePanel::sizeHint() const
         hint.height() };
 }
 
-template<typename Handler>
-void CataloguePanel::guarded(Handler&& handler)
-{
-    nameChangeAfter(sender());
-    runGuarded(m_prompts, std::forward<Handler>(handler));
-}
-
 void CataloguePanel::rebuildPluList()
 {
     clearPluList();
@@ -133,7 +126,7 @@ void CataloguePanel::fillPluList(const QList<PluListEntry>& entries)
 
 void CataloguePanel::Command10_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         clearPluList();
         fillPluList(PluList::filteredPlus(m_document, m_text->text()));
     });
@@ -141,7 +134,7 @@ void CataloguePanel::Command10_Click()
 
 void CataloguePanel::Command11_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const QString searchText = m_text->text();
         // One selection change for all matches: a long list would otherwise repaint once per entry.
         QItemSelection matches;
@@ -167,7 +160,7 @@ void CataloguePanel::Command11_Click()
 
 void CataloguePanel::Command16_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         if (PluList::addPlu(m_document, m_prompts, m_text->text())) {
             m_text->clear();
             emit refreshRequested();
@@ -238,7 +231,7 @@ void CataloguePanel::renameEntry(std::int32_t number, const QString& text)
 
 void CataloguePanel::Command9_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int row = selectedRow();
         if (row < 0) {
             return;
@@ -254,12 +247,12 @@ void CataloguePanel::Command9_Click()
 
 void CataloguePanel::Check1_Click()
 {
-    guarded([this] { emit refreshRequested(); });
+    guarded(sender(), [this] { emit refreshRequested(); });
 }
 
 void CataloguePanel::Lista_plus_DblClick()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int row = m_list->currentRow();
         if (row < 0) {
             return;

@@ -1,13 +1,13 @@
 #pragma once
 
 #include "catalogue/PluList.h"
+#include "ui/GuardedHandlers.h"
 
 #include <QWidget>
 
 #include <cstdint>
 
 class MenuDocument;
-class UserPrompts;
 class QCheckBox;
 class QLineEdit;
 class QListWidget;
@@ -16,7 +16,7 @@ class QListWidgetItem;
 // The catalogue at the left of the main window: the PLU list with its search box, find and filter,
 // adding and deleting products. The list part of the window's refresh is rebuildPluList(); the panel
 // asks for that refresh with refreshRequested() instead of rebuilding on its own.
-class CataloguePanel : public QWidget
+class CataloguePanel : public QWidget, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -67,11 +67,7 @@ private:
     void fillPluList(const QList<PluListEntry>& entries);
     void selectOnly(int row);
 
-    template<typename Handler>
-    void guarded(Handler&& handler);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     QListWidget* m_list = nullptr;
     QLineEdit* m_text = nullptr;
     QCheckBox* m_onlyDefined = nullptr;

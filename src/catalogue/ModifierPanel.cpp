@@ -2,11 +2,11 @@
 
 #include "CataloguePanel.h"
 #include "ModifierEditing.h"
-#include "app/ChangeNames.h"
-#include "app/HandlerGuard.h"
-#include "app/UserPrompts.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
+#include "ui/UserPrompts.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -23,8 +23,8 @@ using namespace ModifierEditing;
 ModifierPanel::ModifierPanel(
     MenuDocument& document, UserPrompts& prompts, CataloguePanel& catalogue, QWidget* parent)
     : QGroupBox(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
     , m_catalogue(catalogue)
 {
     setObjectName(QStringLiteral("Frame2"));
@@ -36,27 +36,29 @@ void ModifierPanel::buildControls()
 {
     new QVBoxLayout(this);
     m_products = addList(QStringLiteral("List1"), QStringLiteral("Plus with modifiers"));
-    addButtonRow(
-        addButton(QStringLiteral("Command3"), QStringLiteral("Add product"), &ModifierPanel::Command3_Click),
-        addButton(
-            QStringLiteral("Command4"), QStringLiteral("Remove product"), &ModifierPanel::Command4_Click));
+    addButtonRow(connectedButton(this, QStringLiteral("Command3"), QStringLiteral("Add product"),
+                     &ModifierPanel::Command3_Click),
+        connectedButton(this, QStringLiteral("Command4"), QStringLiteral("Remove product"),
+            &ModifierPanel::Command4_Click));
 
     m_attached = addList(QStringLiteral("Lista_def_complementos"), QStringLiteral("Modifiers Definition"));
-    addButtonRow(
-        addButton(QStringLiteral("Command8"), QStringLiteral("Attach"), &ModifierPanel::Command8_Click),
-        addButton(QStringLiteral("Command7"), QStringLiteral("Detach"), &ModifierPanel::Command7_Click));
+    addButtonRow(connectedButton(this, QStringLiteral("Command8"), QStringLiteral("Attach"),
+                     &ModifierPanel::Command8_Click),
+        connectedButton(
+            this, QStringLiteral("Command7"), QStringLiteral("Detach"), &ModifierPanel::Command7_Click));
     buildLimits();
 
     m_allLists = addList(QStringLiteral("Lista_Todos_Def_Comp"), QStringLiteral("All Modifiers"));
-    addButtonRow(
-        addButton(QStringLiteral("Command5"), QStringLiteral("New list"), &ModifierPanel::Command5_Click),
-        addButton(QStringLiteral("Command6"), QStringLiteral("Delete list"), &ModifierPanel::Command6_Click));
+    addButtonRow(connectedButton(this, QStringLiteral("Command5"), QStringLiteral("New list"),
+                     &ModifierPanel::Command5_Click),
+        connectedButton(
+            this, QStringLiteral("Command6"), QStringLiteral("Delete list"), &ModifierPanel::Command6_Click));
 
     m_options = addList(QStringLiteral("Lista_Complementos"), QStringLiteral("Modifiers"));
-    addButtonRow(
-        addButton(QStringLiteral("AddOption"), QStringLiteral("Add option"), &ModifierPanel::AddOption_Click),
-        addButton(
-            QStringLiteral("Command2"), QStringLiteral("Remove option"), &ModifierPanel::Command2_Click));
+    addButtonRow(connectedButton(this, QStringLiteral("AddOption"), QStringLiteral("Add option"),
+                     &ModifierPanel::AddOption_Click),
+        connectedButton(this, QStringLiteral("Command2"), QStringLiteral("Remove option"),
+            &ModifierPanel::Command2_Click));
     m_options->setToolTip(tr("Tick the options chosen by default"));
 
     connect(m_products, &QListWidget::itemClicked, this, &ModifierPanel::List1_Click);
@@ -99,29 +101,12 @@ QListWidget* ModifierPanel::addList(const QString& name, const QString& caption)
     return list;
 }
 
-QPushButton* ModifierPanel::addButton(
-    const QString& name, const QString& caption, void (ModifierPanel::*handler)())
-{
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
-    button->setAutoDefault(false);
-    connect(button, &QPushButton::clicked, this, handler);
-    return button;
-}
-
 void ModifierPanel::addButtonRow(QPushButton* left, QPushButton* right)
 {
     auto* row = new QHBoxLayout;
     row->addWidget(left);
     row->addWidget(right);
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
-}
-
-template<typename Work>
-void ModifierPanel::guarded(Work&& work)
-{
-    nameChangeAfter(sender());
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 QString ModifierPanel::selectedText(const QListWidget* list)
@@ -199,7 +184,7 @@ void ModifierPanel::selectProduct(const QString& description)
 
 void ModifierPanel::Command5_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         newList(m_document, m_prompts.askText(QStringLiteral(" New Modifier")));
         emit refreshRequested();
     });
@@ -207,7 +192,7 @@ void ModifierPanel::Command5_Click()
 
 void ModifierPanel::Command6_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         deleteList(m_document, selectedText(m_allLists));
         emit refreshRequested();
     });
@@ -215,7 +200,7 @@ void ModifierPanel::Command6_Click()
 
 void ModifierPanel::Command2_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const QString listName = shownListName();
         removeOption(m_document, listName, selectedText(m_options));
         showOptions(listName);
@@ -224,7 +209,7 @@ void ModifierPanel::Command2_Click()
 
 void ModifierPanel::AddOption_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int entry = m_catalogue.selectedRow();
         const QString listName = shownListName();
         if (entry < 0 || findDefinition(m_document, listName) < 0) {
@@ -237,7 +222,7 @@ void ModifierPanel::AddOption_Click()
 
 void ModifierPanel::Command3_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int known = m_document.AssignmentCount;
         const int product = addProduct(m_document, m_catalogue.selectedText());
         if (product < 0 || product < known) {
@@ -250,7 +235,7 @@ void ModifierPanel::Command3_Click()
 
 void ModifierPanel::Command4_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         removeProduct(m_document, selectedText(m_products));
         rebuildProducts();
         m_attached->clear();
@@ -259,7 +244,7 @@ void ModifierPanel::Command4_Click()
 
 void ModifierPanel::Command8_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         Command3_Click();
         const int product = currentAssignment();
         const QString listName = selectedText(m_allLists);
@@ -278,7 +263,7 @@ void ModifierPanel::Command8_Click()
 
 void ModifierPanel::Command7_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int product = currentAssignment();
         if (product < 0) {
             return;
@@ -290,7 +275,7 @@ void ModifierPanel::Command7_Click()
 
 void ModifierPanel::List1_Click()
 {
-    guarded([this] { showAssignment(); });
+    guarded(sender(), [this] { showAssignment(); });
 }
 
 // The lists attached to the product at the selected place of the list of products with modifiers.
@@ -312,7 +297,7 @@ void ModifierPanel::showAssignment()
 
 void ModifierPanel::Lista_def_complementos_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int product = currentAssignment();
         const int list = attachedRow();
         if (product < 0 || list < 0) {
@@ -336,7 +321,7 @@ void ModifierPanel::Lista_def_complementos_Click()
 
 void ModifierPanel::Lista_Todos_Def_Comp_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         m_limits->hide();
         m_attached->clearSelection();
         showOptions(selectedText(m_allLists));
@@ -362,7 +347,7 @@ void ModifierPanel::showOptions(const QString& listName)
 
 void ModifierPanel::Lista_Complementos_ItemCheck(QListWidgetItem* item)
 {
-    guarded([&] {
+    guarded(sender(), [&] {
         const QSignalBlocker quiet(m_options);
         // Defaults belong to an attached list, and no more of them than its maximum.
         if (m_limits->isHidden()) {
@@ -382,7 +367,7 @@ void ModifierPanel::Lista_Complementos_ItemCheck(QListWidgetItem* item)
 
 void ModifierPanel::Lista_Complementos_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         if (!attachedListSelected()) {
             return;
         }
@@ -403,7 +388,7 @@ void ModifierPanel::setLimit(std::int32_t& target, const QLineEdit* box)
 
 void ModifierPanel::minimo_Change()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         if (attachedListSelected()) {
             setLimit(m_document.Assignments[currentAssignment()].Minimum[attachedRow()], m_minimum);
         }
@@ -412,7 +397,7 @@ void ModifierPanel::minimo_Change()
 
 void ModifierPanel::maximo_Change()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         if (attachedListSelected()) {
             setLimit(m_document.Assignments[currentAssignment()].Maximum[attachedRow()], m_maximum);
         }
@@ -421,7 +406,7 @@ void ModifierPanel::maximo_Change()
 
 void ModifierPanel::Mandatory_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         if (attachedListSelected()) {
             m_document.Assignments[currentAssignment()].Mandatory[attachedRow()]
                 = m_mandatory->isChecked() ? 1 : 0;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QGroupBox>
 
 class CataloguePanel;
@@ -9,12 +11,11 @@ class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QPushButton;
-class UserPrompts;
 
 // The modifier area of the main window: the products with modifiers, the lists attached to the
 // selected one with their limits, every modifier list, and the options of a list with the default
 // choices ticked.
-class ModifierPanel : public QGroupBox
+class ModifierPanel : public QGroupBox, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -55,7 +56,6 @@ signals:
 private:
     void buildControls();
     QListWidget* addList(const QString& name, const QString& caption);
-    QPushButton* addButton(const QString& name, const QString& caption, void (ModifierPanel::*handler)());
     void addButtonRow(QPushButton* left, QPushButton* right);
     void buildLimits();
 
@@ -69,11 +69,7 @@ private:
     void rebuildProducts();
     void setLimit(std::int32_t& target, const QLineEdit* box);
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     CataloguePanel& m_catalogue;
     QListWidget* m_products = nullptr;
     QListWidget* m_attached = nullptr;

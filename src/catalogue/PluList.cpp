@@ -1,9 +1,9 @@
 #include "PluList.h"
 
-#include "app/UserPrompts.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
 #include "document/PluNumberIndex.h"
+#include "ui/UserPrompts.h"
 
 namespace {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/UserPrompts.h"
+#include "ui/UserPrompts.h"
 
 // The prompts of a program without a window: each message goes to standard error as one line, and
 // nobody is there to answer a question, so every question is cancelled.

@@ -112,29 +112,6 @@ std::optional<QString> magnetLetter(int page, const QString& pagesVersion, int l
     return position <= letters.size() ? letters.mid(position - 1, 1).toString() : QString();
 }
 
-bool holdsSeparator(QStringView path)
-{
-    return path.contains(u'/') || path.contains(u'\\');
-}
-
-QString fileNameOf(QStringView path)
-{
-    const qsizetype slash = std::max(path.lastIndexOf(u'/'), path.lastIndexOf(u'\\'));
-    return path.sliced(slash + 1).toString();
-}
-
-PictureLookup findPicture(const QString& storedPath, const QString& projectFolder, const PictureLoader& load)
-{
-    // An empty path has no folder either and ends up as the project folder itself, which never loads.
-    PictureLookup lookup { holdsSeparator(storedPath) ? storedPath : projectFolder + storedPath, false };
-    lookup.loaded = load(lookup.path);
-    if (!lookup.loaded) {
-        lookup.path = projectFolder + fileNameOf(lookup.path);
-        lookup.loaded = load(lookup.path);
-    }
-    return lookup;
-}
-
 SideView describeSide(const MenuDocument& document, int page, Side side, const PictureLoader& load)
 {
     const PrintSettings& print = document.PrintSettings;
@@ -142,7 +119,7 @@ SideView describeSide(const MenuDocument& document, int page, Side side, const P
     SideView view;
     view.colorText = GetColor(stored, defaultSideColor());
     view.color = colorNumber(view.colorText);
-    view.picture = findPicture(
+    view.picture = PicturePaths::findPicture(
         side == Side::Front ? print.PageValueA[page] : print.PageValueB[page], document.ProjectFolder, load);
     return view;
 }
@@ -189,7 +166,7 @@ RowView describeRow(const MenuDocument& document, const PluNumberIndex& catalogu
     if (line.pictureRole == GroupStart && !isBlank(line.picturePath)) {
         view.pictureRows = lastCoveredSlot(document, slot) - slot + 1;
         view.pictureTag = QString::number(view.pictureRows * PrintedRowHeight, 'g', 15);
-        view.picture = findPicture(line.picturePath, document.ProjectFolder, load);
+        view.picture = PicturePaths::findPicture(line.picturePath, document.ProjectFolder, load);
     }
 
     if (!isBlank(line.backText)) {

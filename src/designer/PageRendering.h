@@ -1,10 +1,10 @@
 #pragma once
 
+#include "document/PicturePaths.h"
+
 #include <QString>
-#include <QStringView>
 
 #include <cstdint>
-#include <functional>
 #include <optional>
 
 class MenuDocument;
@@ -15,6 +15,9 @@ class PluNumberIndex;
 // the few values the screen keeps (a page colour that was empty, the path a picture was found under)
 // are stored by the caller through storeSide and storeRow.
 namespace PageRendering {
+
+using PicturePaths::PictureLoader;
+using PicturePaths::PictureLookup;
 
 // A page side whose colour was never set shows this pale yellow (0xE0FFFF).
 QString defaultSideColor();
@@ -33,25 +36,6 @@ std::int32_t colorNumber(const QString& colorText);
 // trailing blank or "". With a lettering other than "0" and "1" there is no answer and the caption
 // stays as it is.
 std::optional<QString> magnetLetter(int page, const QString& pagesVersion, int lastUsedPage);
-
-// Both "/" and "\" separate folders, so that paths written on Windows resolve here too.
-bool holdsSeparator(QStringView path);
-QString fileNameOf(QStringView path);
-
-// Tries to load the picture at a path; the caller keeps what it loaded.
-using PictureLoader = std::function<bool(const QString& path)>;
-
-struct PictureLookup
-{
-    QString path; // the path the picture was last tried under; the screen stores it back
-    bool loaded = false;
-
-    bool operator==(const PictureLookup&) const = default;
-};
-
-// A path without a folder is looked for in the project folder; a path that does not load is retried
-// by its file name in the project folder.
-PictureLookup findPicture(const QString& storedPath, const QString& projectFolder, const PictureLoader& load);
 
 enum class Side
 {

@@ -4,13 +4,13 @@
 #include "PageRendering.h"
 #include "PictureBox.h"
 #include "RowDialog.h"
-#include "app/ChangeNames.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
-#include "appearance/ColorNumbers.h"
+#include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
 #include "document/PluNumberIndex.h"
+#include "ui/ChangeNames.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -138,8 +138,8 @@ void setRowFont(QWidget* widget, const QString& family, int pointSize)
 
 PageView::PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent)
     : QWidget(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("PageView"));
 
@@ -302,13 +302,6 @@ void PageView::showRow(Row& row, const RowView& view)
     row.Imagem->setVisible(view.pictureBoxVisible);
 }
 
-template<typename Handler>
-void PageView::guarded(Handler&& handler)
-{
-    nameChangeAfter(sender());
-    runGuarded(m_prompts, std::forward<Handler>(handler));
-}
-
 // Two lines above the front: paging with the page number between Previous and Next, then Insert and
 // Delete on either side of the front's heading. Next and Delete keep to the front's right edge when it
 // widens. The mode switch stands above the back side and stays put, under the pointer, when clicked.
@@ -404,7 +397,7 @@ void PageView::buildCommands()
 
 void PageView::Command14_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int page = currentPage();
         if (page > 1) {
             setCurrentPage(page - 1);
@@ -415,7 +408,7 @@ void PageView::Command14_Click()
 
 void PageView::Command15_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const int page = currentPage();
         if (page < Limits::PageCount) {
             setCurrentPage(page + 1);
@@ -426,7 +419,7 @@ void PageView::Command15_Click()
 
 void PageView::InsertPage_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         PageOperations::InsertPage(m_document, currentPage());
         Update_Page();
     });
@@ -434,7 +427,7 @@ void PageView::InsertPage_Click()
 
 void PageView::DeletePage_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         PageOperations::DeletePage(m_document, currentPage());
         Update_Page();
     });
@@ -454,7 +447,7 @@ bool PageView::designing() const
 // is not measured again, so two clicks always give back the layout they started from.
 void PageView::Expand_Click()
 {
-    guarded([this] {
+    guarded(sender(), [this] {
         const bool design = !designing();
         m_expand->setText(design ? configureCaption() : designCaption());
         emit workModeChanged(design);
@@ -477,17 +470,17 @@ void PageView::applyDesignMoves(int direction)
 
 void PageView::Picture1_Click()
 {
-    guarded([this] { emit backgroundDialogRequested(1); });
+    guarded(sender(), [this] { emit backgroundDialogRequested(1); });
 }
 
 void PageView::Picture2_Click()
 {
-    guarded([this] { emit backgroundDialogRequested(2); });
+    guarded(sender(), [this] { emit backgroundDialogRequested(2); });
 }
 
 void PageView::Remove_Click(int row)
 {
-    guarded([this, row] {
+    guarded(sender(), [this, row] {
         m_selectedRow = row;
         RowDialog dialog(m_document, *this, m_prompts, this);
         dialog.exec();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "PictureFiles.h"
+#include "ui/GuardedHandlers.h"
 
 #include <QWidget>
 
@@ -13,7 +14,6 @@ class QLabel;
 class QLineEdit;
 class QPushButton;
 class QToolButton;
-class UserPrompts;
 
 namespace PageRendering {
 struct RowView;
@@ -25,7 +25,7 @@ struct RowView;
 //
 // Above the sides stand the page commands: paging, inserting and deleting pages, and the switch
 // between configuring the modifiers and designing the menu, which gives the front rows more room.
-class PageView : public QWidget
+class PageView : public QWidget, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -96,11 +96,7 @@ private:
     };
     void applyDesignMoves(int direction);
 
-    template<typename Handler>
-    void guarded(Handler&& handler);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     PictureFiles m_pictureFiles;
     QLabel* m_page = nullptr;
     QLabel* m_magnet = nullptr;

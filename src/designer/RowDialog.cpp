@@ -2,8 +2,8 @@
 
 #include "PageOperations.h"
 #include "PageView.h"
-#include "app/ChangeNames.h"
-#include "app/HandlerGuard.h"
+#include "ui/ChangeNames.h"
+#include "ui/HandlerGuard.h"
 
 #include <QPushButton>
 #include <QVBoxLayout>

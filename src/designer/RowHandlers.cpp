@@ -2,12 +2,12 @@
 
 #include "PageView.h"
 #include "RowEditing.h"
-#include "app/EnterKey.h"
-#include "app/HandlerGuard.h"
 #include "catalogue/CataloguePanel.h"
 #include "catalogue/ModifierPanel.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
+#include "ui/EnterKey.h"
+#include "ui/HandlerGuard.h"
 
 #include <QEvent>
 #include <QLineEdit>
@@ -30,8 +30,8 @@ Control* rowControl(PageView& page, const char* name, int row)
 RowHandlers::RowHandlers(MenuDocument& document, UserPrompts& prompts, PageView& page,
     CataloguePanel& catalogue, ModifierPanel& modifiers, QObject* parent)
     : QObject(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
     , m_page(page)
     , m_catalogue(catalogue)
     , m_modifiers(modifiers)
@@ -86,12 +86,6 @@ bool RowHandlers::eventFilter(QObject* watched, QEvent* event)
         }
     }
     return QObject::eventFilter(watched, event);
-}
-
-template<typename Work>
-void RowHandlers::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 int RowHandlers::slotOf(int row) const

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QObject>
 #include <QString>
 
@@ -11,7 +13,6 @@ class ModifierPanel;
 class PageView;
 class QLineEdit;
 class QToolButton;
-class UserPrompts;
 
 // What the line editor starts from when a front row is opened: the row, and the PLU number and price
 // of the product on it with the catalogue list's current entry.
@@ -28,7 +29,7 @@ struct LineEditRequest
 // The event handlers of the page's live rows: typing a product, a title or a price into a front row,
 // a group title into a back row, binding the catalogue's selected product with the button beside a
 // row, and opening a row in its editor.
-class RowHandlers : public QObject
+class RowHandlers : public QObject, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -68,11 +69,7 @@ private:
     int slotOf(int row) const;
     QString tagOf(int row) const;
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     PageView& m_page;
     CataloguePanel& m_catalogue;
     ModifierPanel& m_modifiers;

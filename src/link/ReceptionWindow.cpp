@@ -4,7 +4,8 @@
 #include "PortSetting.h"
 #include "RadioLink.h"
 #include "TransmissionSession.h"
-#include "app/HandlerGuard.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QCloseEvent>
 #include <QFormLayout>
@@ -35,8 +36,8 @@ QLineEdit* addField(QFormLayout* form, const QString& name, const QString& label
 
 ReceptionWindow::ReceptionWindow(RadioLink& link, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_link(link)
-    , m_prompts(prompts)
     , m_timer1(new QTimer(this))
 {
     setObjectName(QStringLiteral("ReceptionWindow"));
@@ -50,12 +51,6 @@ ReceptionWindow::ReceptionWindow(RadioLink& link, UserPrompts& prompts, QWidget*
     m_text2->setText(PortSetting::saved());
     showPortOpen(false);
     m_text2->setFocus();
-}
-
-template<typename Work>
-void ReceptionWindow::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 void ReceptionWindow::buildControls()
@@ -116,8 +111,8 @@ void ReceptionWindow::buildControls()
 QPushButton* ReceptionWindow::addButton(
     const QString& name, const QString& caption, void (ReceptionWindow::*handler)())
 {
-    auto* button = new QPushButton(caption, this);
-    button->setObjectName(name);
+    // Unlike the command buttons of the panels, these take Enter when they have the focus.
+    auto* button = named(new QPushButton(caption, this), name);
     connect(button, &QPushButton::clicked, this, handler);
     return button;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QDialog>
 
 class QLineEdit;
@@ -7,7 +9,6 @@ class QPlainTextEdit;
 class QPushButton;
 class QTimer;
 class RadioLink;
-class UserPrompts;
 
 namespace OrderReception {
 struct ReceivedOrder;
@@ -16,7 +17,7 @@ struct ReceivedOrder;
 // "Reception mode test": opens the radio link's port for listening and shows each order that a
 // terminal sends, its terminal, table and products. The port is open exactly while "Close Com Port"
 // is enabled; closing the window, however it is closed, closes the port too.
-class ReceptionWindow : public QDialog
+class ReceptionWindow : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -42,11 +43,7 @@ private:
     void showPortOpen(bool open);
     void showOrder(const OrderReception::ReceivedOrder& order);
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     RadioLink& m_link;
-    UserPrompts& m_prompts;
     QLineEdit* m_text2 = nullptr;
     QPushButton* m_command1 = nullptr;
     QPushButton* m_command2 = nullptr;

@@ -3,10 +3,10 @@
 #include "MenuTransmission.h"
 #include "PortSetting.h"
 #include "TransmissionSession.h"
-#include "app/BlockingWork.h"
-#include "app/BusyCursor.h"
-#include "app/HandlerGuard.h"
 #include "document/MenuDocument.h"
+#include "ui/BlockingWork.h"
+#include "ui/BusyCursor.h"
+#include "ui/HandlerGuard.h"
 
 #include <QCheckBox>
 #include <QDialogButtonBox>

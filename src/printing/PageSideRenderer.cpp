@@ -1,8 +1,8 @@
 #include "PageSideRenderer.h"
 
-#include "appearance/ColorNumbers.h"
 #include "designer/PageRendering.h"
 #include "document/Blanks.h"
+#include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
 #include "document/PluNumberIndex.h"
 

@@ -1,10 +1,10 @@
 #include "PrintDialog.h"
 
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
-#include "app/UserPrompts.h"
 #include "document/NumberText.h"
 #include "printing/PrintPreferences.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
+#include "ui/UserPrompts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -51,9 +51,9 @@ QDoubleSpinBox* offsetBox(QWidget* parent, const QString& name)
 PrintDialog::PrintDialog(
     MenuDocument& document, std::function<int()> currentPage, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
     , m_currentPage(std::move(currentPage))
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("Print"));
     setWindowTitle(QStringLiteral("Print"));
@@ -170,12 +170,6 @@ QLayout* PrintDialog::buildCommands()
     row->addWidget(print);
     row->addWidget(close);
     return row;
-}
-
-template<typename Work>
-void PrintDialog::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 // Filling the boxes is not an edit: it must not write the texts back into the settings.

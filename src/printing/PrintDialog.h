@@ -2,6 +2,7 @@
 
 #include "PrintJob.h"
 #include "document/MenuDocument.h"
+#include "ui/GuardedHandlers.h"
 
 #include <QDialog>
 
@@ -15,13 +16,12 @@ class QLineEdit;
 class QPrinter;
 class QPushButton;
 class QRadioButton;
-class UserPrompts;
 
 // "Print": which pages go to the printer, in which language, with which margins and whether the row
 // lines are drawn. Margins and lines are the menu's own and are stored as they are edited; the language
 // and the printer with its calibration are the user's and are kept in the settings. The dialog opens on
 // "Print current page".
-class PrintDialog : public QDialog
+class PrintDialog : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -62,12 +62,8 @@ private:
     void setUpPrinter(QPrinter& printer) const;
     void storeMargin(float PrintSettings::*margin, const QString& text);
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
     std::function<int()> m_currentPage;
-    UserPrompts& m_prompts;
     std::array<QRadioButton*, 4> m_options {};
     std::array<QRadioButton*, Languages> m_languages {};
     QLineEdit* m_text1 = nullptr;

@@ -1,7 +1,7 @@
 #include "PrintJob.h"
 
-#include "app/BusyCursor.h"
-#include "app/UserPrompts.h"
+#include "ui/BusyCursor.h"
+#include "ui/UserPrompts.h"
 
 #include <QBuffer>
 #include <QPageSize>

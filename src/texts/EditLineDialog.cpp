@@ -1,15 +1,15 @@
 #include "EditLineDialog.h"
 
 #include "LanguageArea.h"
-#include "app/EnterKey.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
-#include "appearance/ColorButton.h"
-#include "appearance/ColorNumbers.h"
 #include "catalogue/CataloguePanel.h"
 #include "designer/PageRendering.h"
+#include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
 #include "document/NumberText.h"
+#include "ui/ColorButton.h"
+#include "ui/EnterKey.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QFormLayout>
 #include <QGroupBox>
@@ -46,10 +46,10 @@ QGroupBox* previewFrame(QWidget* parent, const QString& name, const QString& cap
 EditLineDialog::EditLineDialog(MenuDocument& document, const Opening& opening, CataloguePanel& catalogue,
     Translator& translator, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
     , m_opening(opening)
     , m_catalogue(catalogue)
-    , m_prompts(prompts)
 {
     setObjectName(QStringLiteral("EditLine"));
     setWindowTitle(QStringLiteral("Edit Line"));
@@ -134,12 +134,6 @@ QWidget* EditLineDialog::buildColorArea()
     layout->addWidget(m_command2);
     layout->addWidget(m_label1, 1);
     return area;
-}
-
-template<typename Work>
-bool EditLineDialog::guarded(Work&& work)
-{
-    return runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 void EditLineDialog::load()

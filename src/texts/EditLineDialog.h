@@ -1,6 +1,7 @@
 #pragma once
 
 #include "LineEditing.h"
+#include "ui/GuardedHandlers.h"
 
 #include <QDialog>
 
@@ -15,12 +16,11 @@ class QLineEdit;
 class QRadioButton;
 class QStackedWidget;
 class Translator;
-class UserPrompts;
 
 // "Edit Line": the kind of one line of the current page, its texts in the five languages, its colours
 // and, for a product, its code and price. Texts and colours are stored as they are edited; the kind
 // and the product binding when the dialog closes, however it is closed. Enter anywhere closes it.
-class EditLineDialog : public QDialog
+class EditLineDialog : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -52,14 +52,10 @@ private:
     QString previewText() const;
     void closeOnEnterEverywhere();
 
-    template<typename Work>
-    bool guarded(Work&& work);
-
     MenuDocument& m_document;
     LineEditing::Opening m_opening;
     LineEditing::Start m_start;
     CataloguePanel& m_catalogue;
-    UserPrompts& m_prompts;
     QRadioButton* m_option1 = nullptr;
     QRadioButton* m_option2 = nullptr;
     QRadioButton* m_option3 = nullptr;

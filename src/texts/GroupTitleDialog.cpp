@@ -2,12 +2,13 @@
 
 #include "GroupTitles.h"
 #include "LanguageArea.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
-#include "appearance/ColorButton.h"
-#include "appearance/ColorNumbers.h"
 #include "designer/PageRendering.h"
+#include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
+#include "document/PicturePaths.h"
+#include "ui/ColorButton.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -22,8 +23,8 @@ using namespace GroupTitles;
 GroupTitleDialog::GroupTitleDialog(MenuDocument& document, int page, int row, const QString& title,
     Translator& translator, UserPrompts& prompts, QWidget* parent)
     : QDialog(parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
     , m_slot(lineSlot(page, row))
 {
     setObjectName(QStringLiteral("GroupTitle"));
@@ -97,12 +98,6 @@ QLayout* GroupTitleDialog::buildCommandRow()
     return row;
 }
 
-template<typename Work>
-bool GroupTitleDialog::guarded(Work&& work)
-{
-    return runGuarded(m_prompts, std::forward<Work>(work));
-}
-
 void GroupTitleDialog::load(const QString& title)
 {
     m_label1->setText(title);
@@ -160,7 +155,7 @@ void GroupTitleDialog::Command5_Click()
         if (path.isEmpty()) {
             return;
         }
-        m_text1->setText(relativePicturePath(path, m_document.ProjectFolder));
+        m_text1->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
         m_document.LineLayouts[m_slot].picturePath = m_text1->text();
     });
 }

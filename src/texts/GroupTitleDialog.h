@@ -1,5 +1,7 @@
 #pragma once
 
+#include "ui/GuardedHandlers.h"
+
 #include <QDialog>
 
 class ColorButton;
@@ -10,14 +12,13 @@ class QCheckBox;
 class QLabel;
 class QLineEdit;
 class Translator;
-class UserPrompts;
 
 // "Group Title": makes a row of the current page the head of a group, with its title in the five
 // languages, its colours and a background picture, or removes the group again. Texts and the picture
 // are stored as they are edited; the colours go to the title's back row at once only while "Visible on
 // left page also." is ticked, which it is on opening when the row already had group colours.
 // Creating or removing closes the dialog.
-class GroupTitleDialog : public QDialog
+class GroupTitleDialog : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -41,11 +42,7 @@ private:
     void showColors();
     void pickColor(ColorButton* button, QString LineLayout::*groupColor);
 
-    template<typename Work>
-    bool guarded(Work&& work);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     int m_slot;
     QLabel* m_label1 = nullptr;
     ColorButton* m_command1 = nullptr;

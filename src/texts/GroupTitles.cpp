@@ -33,24 +33,6 @@ void colorLine(LineLayout& line, const Group& group)
     }
 }
 
-bool isSeparator(QChar c)
-{
-    return c == u'/' || c == u'\\';
-}
-
-bool sameUpToSeparators(QStringView a, QStringView b)
-{
-    if (a.size() != b.size()) {
-        return false;
-    }
-    for (qsizetype i = 0; i < a.size(); ++i) {
-        if (a[i] != b[i] && !(isSeparator(a[i]) && isSeparator(b[i]))) {
-            return false;
-        }
-    }
-    return true;
-}
-
 } // namespace
 
 int textKey(int slot)
@@ -80,15 +62,6 @@ void fillDefaultGroupColors(MenuDocument& document, int slot)
     LineLayout& line = document.LineLayouts[slot];
     line.backBackColor = document.PrintSettings.ColorBack[0];
     line.backForeColor = document.PrintSettings.ColorFore[0];
-}
-
-QString relativePicturePath(const QString& path, const QString& projectFolder)
-{
-    if (!projectFolder.isEmpty()
-        && sameUpToSeparators(QStringView(path).left(projectFolder.size()), projectFolder)) {
-        return path.mid(projectFolder.size());
-    }
-    return path;
 }
 
 void createGroup(MenuDocument& document, int slot, const Group& group)

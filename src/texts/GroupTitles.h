@@ -23,10 +23,6 @@ bool hasGroupColors(const MenuDocument& document, int slot);
 // A slot without both group colours takes the default colours of text lines for both.
 void fillDefaultGroupColors(MenuDocument& document, int slot);
 
-// A picture inside the project folder is kept by its name relative to that folder; "/" and "\"
-// separate folders alike.
-QString relativePicturePath(const QString& path, const QString& projectFolder);
-
 // What a group is made with.
 struct Group
 {

@@ -3,8 +3,8 @@
 #include "TranslationProgress.h"
 #include "TranslationSource.h"
 #include "Translator.h"
-#include "app/HandlerGuard.h"
-#include "app/NamedWidgets.h"
+#include "ui/HandlerGuard.h"
+#include "ui/NamedWidgets.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -25,8 +25,8 @@ QStringList offeredLanguages()
 LanguageArea::LanguageArea(MenuDocument& document, UserPrompts& prompts, Translator& translator,
     const QString& translateAllName, QWidget* parent)
     : QGroupBox(QStringLiteral("Languages"), parent)
+    , GuardedHandlers(prompts)
     , m_document(document)
-    , m_prompts(prompts)
     , m_translator(translator)
 {
     setObjectName(QStringLiteral("Frame4"));
@@ -104,12 +104,6 @@ QLineEdit* LanguageArea::textBox(int row) const
 QString LanguageArea::languageName(int row) const
 {
     return m_rows[static_cast<std::size_t>(row)].Lingua->currentText();
-}
-
-template<typename Work>
-void LanguageArea::guarded(Work&& work)
-{
-    runGuarded(m_prompts, std::forward<Work>(work));
 }
 
 void LanguageArea::Check1_Click()

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "document/MenuDocument.h"
+#include "ui/GuardedHandlers.h"
 
 #include <QGroupBox>
 
@@ -11,13 +12,12 @@ class QComboBox;
 class QLineEdit;
 class QPushButton;
 class Translator;
-class UserPrompts;
 
 // The five language rows both text editors share: each row's language name, its text and its "Auto"
 // button, with "Edit language names" and "Translate All". The names belong to the whole menu and are
 // stored here; what a text is stored under is the editor's, which hears of every change of a text,
 // typed or translated, through textChanged.
-class LanguageArea : public QGroupBox
+class LanguageArea : public QGroupBox, private GuardedHandlers
 {
     Q_OBJECT
 
@@ -57,11 +57,7 @@ private:
     void tellOnce(const QStringList& messages, QStringList& told);
     QString languageName(int row) const;
 
-    template<typename Work>
-    void guarded(Work&& work);
-
     MenuDocument& m_document;
-    UserPrompts& m_prompts;
     Translator& m_translator;
     std::array<Row, Rows> m_rows;
     QCheckBox* m_check1 = nullptr;

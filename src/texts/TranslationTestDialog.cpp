@@ -1,7 +1,7 @@
 #include "TranslationTestDialog.h"
 
 #include "TranslationProgress.h"
-#include "app/HandlerGuard.h"
+#include "ui/HandlerGuard.h"
 
 #include <QComboBox>
 #include <QFormLayout>

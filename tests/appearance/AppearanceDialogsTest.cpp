@@ -1,11 +1,11 @@
 #include "appearance/BackgroundEffectsDialog.h"
-#include "appearance/ColorButton.h"
 #include "appearance/DefaultColorsDialog.h"
 #include "designer/PictureBox.h"
 #include "document/MenuDocument.h"
 #include "support/RequireChild.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
+#include "ui/ColorButton.h"
 
 #include <QComboBox>
 #include <QLabel>

@@ -1,6 +1,6 @@
 #include "QtUserPrompts.h"
 
-#include "appearance/ColorNumbers.h"
+#include "document/ColorNumbers.h"
 
 #include <QApplication>
 #include <QColorDialog>

@@ -1,7 +1,7 @@
-#include "ColorButton.h"
+#include "ui/ColorButton.h"
 
-#include "ColorNumbers.h"
-#include "app/UserPrompts.h"
+#include "document/ColorNumbers.h"
+#include "ui/UserPrompts.h"
 
 #include <QPainter>
 #include <QPixmap>

@@ -34,3 +34,13 @@ inline QPushButton* commandButton(QWidget* parent, const QString& name, const QS
     button->setAutoDefault(false);
     return button;
 }
+
+// A command button whose click runs a handler of the window it sits in.
+template<typename Window>
+QPushButton* connectedButton(
+    Window* window, const QString& name, const QString& caption, void (Window::*handler)())
+{
+    auto* button = commandButton(window, name, caption);
+    QObject::connect(button, &QPushButton::clicked, window, handler);
+    return button;
+}
