@@ -19,7 +19,7 @@ PACKAGE_DIR ?= build-package
 JOBS ?= $(shell nproc)
 CMAKE_CONFIGURE = cmake -G Ninja -Wno-dev
 
-.PHONY: all deps build run test test-plain test-sanitize bench fuzz soak package format clean
+.PHONY: all deps build run test test-plain test-sanitize bench fuzz soak package format format-check clean
 
 all: build
 
@@ -74,8 +74,15 @@ package:
 	cmake --build $(PACKAGE_DIR) -j $(JOBS)
 	cd $(PACKAGE_DIR) && cpack
 
+SOURCES = find src tests bench fuzz sim -name '*.cpp' -o -name '*.h'
+
 format:
-	git ls-files '*.cpp' '*.h' | xargs clang-format -i
+	$(SOURCES) | xargs clang-format -i
+
+# Fails on any source file that clang-format would change.
+format-check:
+	@./scripts/install-deps.sh format
+	$(SOURCES) | xargs clang-format --dry-run --Werror
 
 clean:
 	rm -rf $(BUILD_DIR) $(SANITIZE_DIR) $(BENCH_DIR) $(FUZZ_DIR) $(PACKAGE_DIR)
