@@ -3,6 +3,8 @@
 #include "document/ComponentFiles.h"
 #include "document/MenuDocument.h"
 
+#include <QFileInfo>
+
 #include <cstdio>
 
 CommandParser::CommandParser(const QString& command, const QString& description)
@@ -48,6 +50,9 @@ QString CommandParser::requiredValue(const QString& option) const
 
 void loadComponentFiles(MenuDocument& document, const QString& prefix)
 {
+    // Pictures stored by their name are looked for beside the files, as the window looks for them in
+    // the project's folder.
+    document.ProjectFolder = QFileInfo(prefix).absolutePath() + u'/';
     document.FilePrefix = prefix;
     if (ComponentFiles::load(document) == 0) {
         throw CliError(QStringLiteral("no component files found under '%1'").arg(prefix));

@@ -87,8 +87,16 @@ int runPrint(const QStringList& arguments)
         SideLayout::of(
             document, language, PrintPreferences::calibration(PrintPreferences::pdfPrinterName())) };
     CliPrompts prompts;
-    if (const std::optional<WriteFailure> failure = PrintJob::printPdf(document, request, pdf, prompts)) {
+    QStringList missingPictures;
+    const std::optional<WriteFailure> failure
+        = PrintJob::printPdf(document, request, pdf, prompts, &missingPictures);
+    if (failure) {
         throw CliError(QStringLiteral("print: cannot write '%1': %2").arg(failure->path, failure->reason));
+    }
+    for (const QString& picture : missingPictures) {
+        printToStderr(QStringLiteral(
+            "quorvel-cli: print: cannot find the picture '%1'; the sheets are printed without it")
+                          .arg(picture));
     }
     return 0;
 }

@@ -113,6 +113,9 @@ public:
         , m_area(layout, m_scale.sheetWidth())
     { }
 
+    // The stored paths of the pictures the side should show and that could not be found.
+    const QStringList& missingPictures() const { return m_missingPictures; }
+
     void draw()
     {
         m_painter.save();
@@ -148,6 +151,17 @@ private:
         m_painter.fillRect(area, colorOfNumber(view.color));
         if (view.picture.loaded) {
             m_painter.drawImage(area, picture);
+        } else {
+            const PrintSettings& print = m_document.PrintSettings;
+            noteMissing(side == PageRendering::Side::Front ? print.PageValueA[m_sheet.page]
+                                                           : print.PageValueB[m_sheet.page]);
+        }
+    }
+
+    void noteMissing(const QString& storedPath)
+    {
+        if (!isBlank(storedPath) && !m_missingPictures.contains(storedPath)) {
+            m_missingPictures.append(storedPath);
         }
     }
 
@@ -231,7 +245,9 @@ private:
         for (int r = 0; r < Limits::RowsPerPage; ++r) {
             const RowView& view = rows[static_cast<std::size_t>(r)];
             const QImage& picture = m_pictures[static_cast<std::size_t>(r)];
-            if (view.pictureRows > 0 && !picture.isNull()) {
+            if (view.pictureRows > 0 && picture.isNull()) {
+                noteMissing(line(r).picturePath);
+            } else if (view.pictureRows > 0) {
                 QRectF box = m_area.rows(r, view.pictureRows);
                 box.setWidth(m_area.width() * BackPictureShare);
                 m_painter.drawImage(m_scale.rect(box), picture);
@@ -278,6 +294,7 @@ private:
     SheetScale m_scale;
     SideArea m_area;
     std::array<QImage, Limits::RowsPerPage> m_pictures;
+    QStringList m_missingPictures;
 };
 
 } // namespace
@@ -290,9 +307,12 @@ SideLayout SideLayout::of(const MenuDocument& document, int language, const Prin
 
 namespace PageSideRenderer {
 
-void draw(QPainter& painter, const MenuDocument& document, const Sheet& sheet, const SideLayout& layout)
+QStringList draw(
+    QPainter& painter, const MenuDocument& document, const Sheet& sheet, const SideLayout& layout)
 {
-    SideDrawing(painter, document, sheet, layout).draw();
+    SideDrawing drawing(painter, document, sheet, layout);
+    drawing.draw();
+    return drawing.missingPictures();
 }
 
 } // namespace PageSideRenderer

@@ -3,6 +3,8 @@
 #include "PrintPreferences.h"
 #include "PrintSelection.h"
 
+#include <QStringList>
+
 class MenuDocument;
 class QPainter;
 
@@ -29,7 +31,9 @@ namespace PageSideRenderer {
 // Height of a printed row: 24 of them make the magnet page's 165 mm.
 constexpr double RowPitch = 6.88;
 
-void draw(QPainter& painter, const MenuDocument& document, const PrintSelection::Sheet& sheet,
+// Returns the stored paths of the pictures the side should show and that could not be found; the side
+// is drawn without them.
+QStringList draw(QPainter& painter, const MenuDocument& document, const PrintSelection::Sheet& sheet,
     const SideLayout& layout);
 
 } // namespace PageSideRenderer

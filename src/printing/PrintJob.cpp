@@ -17,7 +17,8 @@ constexpr int PdfResolution = 600;
 
 namespace PrintJob {
 
-bool drawSheets(const MenuDocument& document, const Request& request, QPagedPaintDevice& device)
+bool drawSheets(const MenuDocument& document, const Request& request, QPagedPaintDevice& device,
+    QStringList* missingPictures)
 {
     QPainter painter;
     if (!painter.begin(&device)) {
@@ -28,23 +29,29 @@ bool drawSheets(const MenuDocument& document, const Request& request, QPagedPain
         if (i > 0) {
             device.newPage();
         }
-        PageSideRenderer::draw(painter, document, sheets.at(i), request.layout);
+        const QStringList missing = PageSideRenderer::draw(painter, document, sheets.at(i), request.layout);
+        if (missingPictures) {
+            *missingPictures += missing;
+        }
+    }
+    if (missingPictures) {
+        missingPictures->removeDuplicates();
     }
     return painter.end();
 }
 
-bool print(
-    const MenuDocument& document, const Request& request, QPagedPaintDevice& device, UserPrompts& prompts)
+bool print(const MenuDocument& document, const Request& request, QPagedPaintDevice& device,
+    UserPrompts& prompts, QStringList* missingPictures)
 {
     if (const QString prompt = PrintSelection::sheetPrompt(request.pages); !prompt.isEmpty()) {
         prompts.showMessage(prompt);
     }
     const BusyCursor busy;
-    return drawSheets(document, request, device);
+    return drawSheets(document, request, device, missingPictures);
 }
 
-std::optional<WriteFailure> printPdf(
-    const MenuDocument& document, const Request& request, const QString& path, UserPrompts& prompts)
+std::optional<WriteFailure> printPdf(const MenuDocument& document, const Request& request,
+    const QString& path, UserPrompts& prompts, QStringList* missingPictures)
 {
     QBuffer sheets;
     sheets.open(QIODevice::WriteOnly);
@@ -54,7 +61,7 @@ std::optional<WriteFailure> printPdf(
     writer.setResolution(PdfResolution);
     writer.setCreator(QStringLiteral("Orvik Quorvel"));
     writer.setTitle(QStringLiteral("Orvik Quorvel"));
-    if (!print(document, request, writer, prompts)) {
+    if (!print(document, request, writer, prompts, missingPictures)) {
         return WriteFailure { path, QStringLiteral("the sheets could not be drawn") };
     }
     return SafeWrite::writeFile(path, sheets.data());

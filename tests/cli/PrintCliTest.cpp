@@ -1,4 +1,5 @@
 #include "document/ComponentFiles.h"
+#include "document/MenuDocument.h"
 #include "support/CliRun.h"
 #include "support/PdfPages.h"
 #include "support/QtPrinters.h"
@@ -6,7 +7,9 @@
 #include "support/TestWorkingRoot.h"
 
 #include <QColor>
+#include <QImage>
 
+#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace {
@@ -38,6 +41,11 @@ protected:
         }
         return lines;
     }
+
+    // The middle of a row of the side's column, which ends 165 mm down, each row 6.88 mm high.
+    static double rowMiddle(int row) { return 165 - (24 - row - 0.5) * 6.88; }
+
+    static constexpr int Resolution = 30;
 
     TestWorkingRoot root;
     const QString prefix = root.path() + QStringLiteral("/menu");
@@ -80,11 +88,9 @@ TEST_F(PrintCliTest, TheBackShowsTheGroupColourOverItsRowsOnTheSideColour)
     EXPECT_EQ(run.err, QStringLiteral("quorvel-cli: Please insert pages type 'PAGE B' on the printer\n"));
     ASSERT_EQ(PdfPages::pageCount(pdf), 13);
 
-    // The side's column ends 165 mm down, each row 6.88 mm high; a point near the column's right end.
-    constexpr int Resolution = 30;
+    // A point near the column's right end.
     const QImage page = PdfPages::image(pdf, 1, Resolution);
     ASSERT_FALSE(page.isNull());
-    const auto rowMiddle = [](int row) { return 165 - (24 - row - 0.5) * 6.88; };
     const QColor blue(0, 0, 255);
     const QColor yellow(255, 255, 0);
     for (int row : { 8, 9, 10, 11 }) {
@@ -94,6 +100,42 @@ TEST_F(PrintCliTest, TheBackShowsTheGroupColourOverItsRowsOnTheSideColour)
         EXPECT_EQ(PdfPages::colorAt(page, Resolution, 160, rowMiddle(row)), yellow) << row;
     }
     EXPECT_EQ(PdfPages::colorAt(page, Resolution, 160, 200), QColor(Qt::white)); // below the column
+}
+
+TEST_F(PrintCliTest, PicturesStoredByTheirNameAreFoundBesideTheFilesAndAMissingOneIsNamedOnce)
+{
+    auto document = SampleDocuments::printedMenu();
+    document->FilePrefix = prefix;
+    document->LineLayouts[lineSlot(1, 8)].picturePath = QStringLiteral("group.png");
+    document->PrintSettings.PageValueB[1] = QStringLiteral("side.png");
+    document->PrintSettings.PageValueB[2] = QStringLiteral("gone.png");
+    document->PrintSettings.PageValueB[3] = QStringLiteral("gone.png");
+    ASSERT_TRUE(ComponentFiles::save(*document).isEmpty());
+    const auto savePicture = [&](const char* name, const QColor& color) {
+        QImage picture(8, 8, QImage::Format_RGB32);
+        picture.fill(color);
+        ASSERT_TRUE(picture.save(root.path() + u'/' + QLatin1String(name)));
+    };
+    savePicture("group.png", Qt::green);
+    savePicture("side.png", Qt::magenta);
+
+    // The command runs in another folder than the project's.
+    const CliRun run = print({ QStringLiteral("--back") });
+    ASSERT_EQ(run.exitCode, 0) << run.err.toStdString();
+    EXPECT_EQ(run.err,
+        QStringLiteral(
+            "quorvel-cli: Please insert pages type 'PAGE B' on the printer\n"
+            "quorvel-cli: print: cannot find the picture 'gone.png'; the sheets are printed without it\n"));
+    // Pictures go into the PDF file compressed, a shade off here and there.
+    const auto shows = [page = PdfPages::image(pdf, 1, Resolution)](double x, double y, QColor expected) {
+        const QColor found = PdfPages::colorAt(page, Resolution, x, y);
+        return std::abs(found.red() - expected.red()) + std::abs(found.green() - expected.green())
+            + std::abs(found.blue() - expected.blue())
+            < 12;
+    };
+    EXPECT_TRUE(shows(160, rowMiddle(2), Qt::magenta)); // the side's picture
+    EXPECT_TRUE(shows(160, rowMiddle(8), Qt::blue)); // the group's colour
+    EXPECT_TRUE(shows(document->PrintSettings.Value3, rowMiddle(8), Qt::green)); // the group's picture
 }
 
 TEST_F(PrintCliTest, BadChoicesEndWithStatusOne)
