@@ -150,11 +150,25 @@ void EditLineDialog::load()
     LanguageArea::Texts texts;
     texts[0] = m_start.mainText;
     const int key = textKey(m_start.kind, m_start.slot, m_start.code);
-    for (int row = 1; row < LanguageArea::Rows; ++row) {
+    for (int row = 1; key != TextKey::LanguageNames && row < LanguageArea::Rows; ++row) {
         texts[static_cast<std::size_t>(row)] = m_document.LanguageTable.at(key, row + 1);
     }
     m_languages->load(texts);
+    connect(m_text1, &QLineEdit::textChanged, this, &EditLineDialog::showLanguageLock);
     Option_Click();
+}
+
+// A row without a product has the key of the menu's language names, which only their own boxes
+// change: its texts wait for a code, a title or a note.
+bool EditLineDialog::hasTextsOfItsOwn() const
+{
+    return textKey(chosenKind(), m_start.slot, m_text1->text()) != TextKey::LanguageNames;
+}
+
+void EditLineDialog::showLanguageLock()
+{
+    m_languages->setOtherLanguagesLocked(
+        !hasTextsOfItsOwn(), QStringLiteral("Give the row a PLU code, or make it a title or a note, first"));
 }
 
 std::int32_t EditLineDialog::chosenKind() const
@@ -181,6 +195,7 @@ void EditLineDialog::Option_Click()
 {
     QGroupBox* frames[] = { m_frame1, m_frame2, m_frame3 };
     m_frames->setCurrentWidget(frames[chosenKind() - 1]);
+    showLanguageLock();
     showPreviews();
     showColors();
 }
@@ -238,7 +253,9 @@ void EditLineDialog::Text3_Change(int row, const QString& text)
 {
     guarded([&] {
         const std::int32_t kind = chosenKind();
-        storeText(m_document, textKey(kind, m_start.slot, m_text1->text()), row, text);
+        if (hasTextsOfItsOwn()) {
+            storeText(m_document, textKey(kind, m_start.slot, m_text1->text()), row, text);
+        }
         if (row != 0) {
             return;
         }

@@ -47,6 +47,8 @@ private:
     void load();
     void showColors();
     void pickColor(ColorButton* button, QString LineLayout::*lineColor);
+    bool hasTextsOfItsOwn() const;
+    void showLanguageLock();
     void showPreviews();
     std::int32_t chosenKind() const;
     QString previewText() const;

@@ -12,6 +12,8 @@
 #include <QLineEdit>
 #include <QPushButton>
 
+#include <span>
+
 namespace {
 
 QStringList offeredLanguages()
@@ -89,6 +91,19 @@ void LanguageArea::connectRows()
         connect(row.Text3, &QLineEdit::textChanged, this,
             [this, index](const QString& text) { emit textChanged(index, text); });
     }
+}
+
+void LanguageArea::setOtherLanguagesLocked(bool locked, const QString& hint)
+{
+    for (const Row& row : std::span(m_rows).subspan(1)) {
+        if (locked) {
+            row.Text3->clear();
+        }
+        row.Text3->setEnabled(!locked);
+        row.Text3->setPlaceholderText(locked ? hint : QString());
+        row.Command4->setEnabled(!locked);
+    }
+    m_translateAll->setEnabled(!locked);
 }
 
 QString LanguageArea::text(int row) const

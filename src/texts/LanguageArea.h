@@ -31,6 +31,10 @@ public:
     // Shows the menu's language names and the texts; changes count from then on.
     void load(const Texts& texts);
 
+    // Locked, the texts of the languages after the first are empty and cannot be typed or translated,
+    // and the hint says why; the line's own text and the language names stay as editable as ever.
+    void setOtherLanguagesLocked(bool locked, const QString& hint);
+
     QString text(int row) const;
     QLineEdit* textBox(int row) const;
 

@@ -1,11 +1,13 @@
 #include "texts/EditLineDialog.h"
 
 #include "catalogue/CataloguePanel.h"
+#include "document/ComponentFiles.h"
 #include "support/RecordingTranslator.h"
 #include "support/RequireChild.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
 #include "support/TestWorkingRoot.h"
+#include "texts/LanguageArea.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -33,6 +35,7 @@ private slots:
     void titleTextsAreKeptUnderTheirSlot();
     void productTextsFollowTheCodeAndRenameTheListEntry();
     void languageNamesAreEditedOnlyWhileUnlocked();
+    void anEmptyRowLeavesTheLanguageNamesAlone();
     void autoPrefersTheRowNamedExactlyEnglish();
     void translateAllFillsRowsOneToFourOnly();
     void autoWithoutAnySourceOnlyEmptiesTheRow();
@@ -169,6 +172,37 @@ void EditLineDialogTest::languageNamesAreEditedOnlyWhileUnlocked()
 
     click(u"Check1"_s);
     QVERIFY(!find<QComboBox>(u"Lingua_0"_s)->isEnabled());
+}
+
+void EditLineDialogTest::anEmptyRowLeavesTheLanguageNamesAlone()
+{
+    m_document->FilePrefix = m_root->path() + u"/menu"_s;
+    const QString languages = m_document->FilePrefix + u"_Languages.txt"_s;
+    QVERIFY(ComponentFiles::save(*m_document).isEmpty());
+    const QByteArray namesBefore = readBytes(languages);
+
+    // An empty row shares its key with the language names: the other languages wait for a code.
+    open({ 1, 9, {}, {}, {}, {}, {} });
+    for (int row = 1; row < LanguageArea::Rows; ++row) {
+        QVERIFY(text3(row)->text().isEmpty());
+        QVERIFY(!text3(row)->isEnabled());
+        QVERIFY(!text3(row)->placeholderText().isEmpty());
+        QTest::keyClicks(text3(row), u"Water"_s);
+    }
+    QVERIFY(!find<QPushButton>(u"Command5"_s)->isEnabled());
+    QTest::keyClicks(text3(0), u"Agua"_s);
+    QCOMPARE(find<QLabel>(u"Label1"_s)->text(), u"Agua"_s);
+    m_dialog->close();
+    QVERIFY(ComponentFiles::save(*m_document).isEmpty());
+    QCOMPARE(readBytes(languages), namesBefore);
+
+    // A code opens them, under the product's key.
+    open({ 1, 10, {}, {}, {}, {}, {} });
+    find(u"Text1"_s)->setText(u"305"_s);
+    QVERIFY(text3(1)->isEnabled());
+    QTest::keyClicks(text3(1), u"Water"_s);
+    QCOMPARE(language(305, 2), u"Water"_s);
+    QCOMPARE(language(TextKey::LanguageNames, 2), u"English"_s);
 }
 
 void EditLineDialogTest::autoPrefersTheRowNamedExactlyEnglish()
