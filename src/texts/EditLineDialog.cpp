@@ -168,7 +168,7 @@ bool EditLineDialog::hasTextsOfItsOwn() const
 void EditLineDialog::showLanguageLock()
 {
     m_languages->setOtherLanguagesLocked(
-        !hasTextsOfItsOwn(), QStringLiteral("Give the row a PLU code, or make it a title or a note, first"));
+        !hasTextsOfItsOwn(), QStringLiteral("Choose a PLU code, title or note first"));
 }
 
 std::int32_t EditLineDialog::chosenKind() const
