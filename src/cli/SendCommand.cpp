@@ -1,5 +1,6 @@
 #include "SendCommand.h"
 
+#include "CheckCommand.h"
 #include "CliCommand.h"
 #include "document/MenuDocument.h"
 #include "document/WorkingCopy.h"
@@ -19,6 +20,8 @@ int runSend(const QStringList& arguments)
         QStringLiteral("Keys follow pages 1 to 13 as they are (\"13 Pages from 1 - 13\").") });
     parser.addOption({ QStringLiteral("old-firmware"),
         QStringLiteral("Send the first language only (\"Old firmware without language option\").") });
+    parser.addOption({ QStringLiteral("force"),
+        QStringLiteral("Send even when the menu check finds problems (see 'quorvel-cli check').") });
     if (!parser.parse(arguments)) {
         return 0;
     }
@@ -26,9 +29,17 @@ int runSend(const QStringList& arguments)
 
     MenuDocument document;
     loadComponentFiles(document, parser.positional(0));
+    document.OldFirmware = parser.isSet(QStringLiteral("old-firmware"));
+    if (const qsizetype problems = printMenuProblems(document);
+        problems > 0 && !parser.isSet(QStringLiteral("force"))) {
+        printToStderr(
+            QStringLiteral("quorvel-cli: send: the menu check found %1 problem(s); nothing was sent "
+                           "(--force sends anyway)")
+                .arg(problems));
+        return ProblemsFound;
+    }
     requireWritten(WorkingCopy::save(document));
     PortSetting::save(portText);
-    document.OldFirmware = parser.isSet(QStringLiteral("old-firmware"));
     const MenuTransmission transmission(document, { parser.isSet(QStringLiteral("thirteen-pages")), {}, {} });
     DravlinkLibrary link;
     const std::int32_t port = PortSetting::portNumber(portText);

@@ -1,3 +1,4 @@
+#include "CheckCommand.h"
 #include "CliCommand.h"
 #include "ImportCommand.h"
 #include "PrintCommand.h"
@@ -31,6 +32,7 @@ const Command Commands[] = {
     { "receive", "open the radio link's port and print the orders the terminals send", runReceive },
     { "translate", "translate a text through the web translation service", runTranslate },
     { "print", "print a project's page sides into a PDF file", runPrint },
+    { "check", "list what the terminals would get wrong in a project's menu", runCheck },
 };
 
 void printUsage()

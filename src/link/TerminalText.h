@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 
 class LanguageTable;
@@ -10,3 +11,6 @@ class LanguageTable;
 // gives where each text starts and the total length; terminals show 90 characters at most, so header
 // values stop at 90 and the whole text is cut there.
 QString terminalText(const LanguageTable& texts, int key, bool oldFirmware);
+
+// The languages (1 to 5) whose text the joined text cuts or leaves out at the 90-character limit.
+QList<int> cutLanguages(const LanguageTable& texts, int key);
