@@ -142,9 +142,9 @@ PageView::PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent
 {
     setObjectName(QStringLiteral("PageView"));
 
-    auto* pageText = new QLabel(QStringLiteral("Page"), this);
-    pageText->setObjectName(QStringLiteral("Page_text"));
-    pageText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_pageCaption = new QLabel(QStringLiteral("Page"), this);
+    m_pageCaption->setObjectName(QStringLiteral("Page_text"));
+    m_pageCaption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     m_pageNumber = new QLabel(QStringLiteral("1"), this);
     m_pageNumber->setObjectName(QStringLiteral("Page"));
     QFont pageFont = m_pageNumber->font();
@@ -356,11 +356,10 @@ void PageView::buildCommands()
         BackLeft + SideWidth - expandWidth, HeaderTop, expandWidth, HeaderRowHeight);
 
     // "Page" and its number stand together in the middle of the front.
-    auto* pageText = findChild<QLabel*>(QStringLiteral("Page_text"));
-    const int textWidth = pageText->sizeHint().width();
+    const int textWidth = m_pageCaption->sizeHint().width();
     const int numberWidth = m_pageNumber->fontMetrics().horizontalAdvance(QStringLiteral("00")) + 4;
     const int pageLeft = FrontLeft + (SideWidth - textWidth - 4 - numberWidth) / 2;
-    pageText->setGeometry(pageLeft, HeaderTop, textWidth, HeaderRowHeight);
+    m_pageCaption->setGeometry(pageLeft, HeaderTop, textWidth, HeaderRowHeight);
     m_pageNumber->setGeometry(pageLeft + textWidth + 4, HeaderTop, numberWidth, HeaderRowHeight);
 
     connect(m_previousPage, &QPushButton::clicked, this, &PageView::Command14_Click);
@@ -403,7 +402,7 @@ void PageView::buildCommands()
     }
     m_designMoves.push_back({ m_frontSide, 0, SideRoom });
     m_designMoves.push_back({ m_frontHeading, 0, SideRoom });
-    m_designMoves.push_back({ pageText, SideRoom / 2, 0 });
+    m_designMoves.push_back({ m_pageCaption, SideRoom / 2, 0 });
     m_designMoves.push_back({ m_pageNumber, SideRoom / 2, 0 });
 }
 

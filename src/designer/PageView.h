@@ -110,6 +110,7 @@ private:
     PictureFiles m_pictureFiles;
     int m_currentPage = 1;
     bool m_designing = false;
+    QLabel* m_pageCaption = nullptr;
     QLabel* m_pageNumber = nullptr;
     QLabel* m_magnetLetter = nullptr;
     PictureBox* m_frontSide = nullptr;
