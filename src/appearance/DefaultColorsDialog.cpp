@@ -99,8 +99,8 @@ void DefaultColorsDialog::load()
 {
     const PrintSettings& print = m_document.PrintSettings;
     {
-        const QSignalBlocker blockCombo(m_fontName);
-        const QSignalBlocker blockText(m_currencySymbol);
+        const QSignalBlocker blockFont(m_fontName);
+        const QSignalBlocker blockCurrency(m_currencySymbol);
         m_fontName->addItems(QFontDatabase::families());
         m_currencySymbol->setText(print.CurrencySymbol);
         m_fontName->setCurrentText(print.FontName);
