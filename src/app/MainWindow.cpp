@@ -29,7 +29,6 @@
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
@@ -99,16 +98,16 @@ MainWindow::MainWindow(UserPrompts& prompts, QWidget* parent)
     , GuardedHandlers(prompts)
     , m_history(m_document, WorkingPaths::workingRoot())
     , m_link(std::make_unique<DravlinkLibrary>())
-    , m_timer1(new QTimer(this))
+    , m_autosaveTimer(new QTimer(this))
     , m_translator(std::make_unique<WebTranslationClient>())
 {
     setObjectName(QStringLiteral("MainWindow"));
     buildPanels();
     buildMenuBar();
 
-    m_timer1->setObjectName(QStringLiteral("Timer1"));
-    m_timer1->setInterval(AutosaveIntervalMs);
-    connect(m_timer1, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
+    m_autosaveTimer->setObjectName(QStringLiteral("Timer1"));
+    m_autosaveTimer->setInterval(AutosaveIntervalMs);
+    connect(m_autosaveTimer, &QTimer::timeout, this, &MainWindow::Timer1_Timer);
 
     m_saveWarning = new QLabel(this);
     m_saveWarning->setObjectName(QStringLiteral("SaveWarning"));
@@ -211,8 +210,8 @@ void MainWindow::buildMenuBar()
     // Send, Receive and Upgrade Firmware act straight from the menu bar.
     addMenuItem(nullptr, QStringLiteral("SendAll"), QStringLiteral("&Send"), &MainWindow::SendAll_Click);
     addMenuItem(nullptr, QStringLiteral("Receive"), QStringLiteral("&Receive"), &MainWindow::Receive_Click);
-    addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"), QStringLiteral("&Upgrade Firmware"),
-        &MainWindow::UpgradeFirmware_Click);
+    m_upgradeFirmware = addMenuItem(nullptr, QStringLiteral("UpgradeFirmware"),
+        QStringLiteral("&Upgrade Firmware"), &MainWindow::UpgradeFirmware_Click);
 }
 
 QAction* MainWindow::addMenuItem(
@@ -230,9 +229,9 @@ QAction* MainWindow::addMenuItem(
 
 void MainWindow::startUp()
 {
-    m_timer1->stop();
+    m_autosaveTimer->stop();
     WorkingCopy::open(m_document);
-    m_timer1->start();
+    m_autosaveTimer->start();
     Refresh_Page();
     setWindowTitle(mainWindowTitle());
     statusBar()->showMessage(tr("Working copy: %1").arg(WorkingPaths::workingFolder()));
@@ -293,7 +292,7 @@ void MainWindow::Timer1_Timer()
 void MainWindow::Load_Click()
 {
     guarded([this] {
-        const AutosavePause pause(m_timer1);
+        const AutosavePause pause(m_autosaveTimer);
         const QString path = m_prompts.askOpenFile(QStringLiteral("*.QV1"));
         if (path.isEmpty()) {
             return;
@@ -309,7 +308,7 @@ void MainWindow::Load_Click()
 void MainWindow::Save_Click()
 {
     guarded([this] {
-        const AutosavePause pause(m_timer1);
+        const AutosavePause pause(m_autosaveTimer);
         // Saving points the document at its file; that is nothing to undo.
         HandlerGuard::keepOutOfHistory();
         const QString path = m_prompts.askSaveFile(QStringLiteral("*.QV1"));
@@ -342,9 +341,7 @@ void MainWindow::startNewDocument()
     m_history.keepFiles(WorkingPaths::workingFolder(), keepIn, Project::clear(m_document, keepIn));
     m_pageView->setCurrentPage(1);
     m_pageView->Update_Page();
-    if (QWidget* firstRow = m_pageView->findChild<QWidget*>(QStringLiteral("Linhas_0"))) {
-        firstRow->setFocus();
-    }
+    m_pageView->focusFirstRow();
 }
 
 // Runs one import with the designer's New; the lists are rebuilt when the catalogue was replaced.
@@ -396,19 +393,13 @@ void MainWindow::ImportCSV_Click()
     });
 }
 
-QString MainWindow::frontRowProperty(int row, const char* name) const
-{
-    const auto* box = m_pageView->findChild<QLineEdit*>(QStringLiteral("Linhas_") + QString::number(row));
-    return box->property(name).toString();
-}
-
 // The editors write into the document as the user edits; the page shows it once they are closed.
 void MainWindow::openLineEditor(const LineEditRequest& request)
 {
     HandlerGuard::nameChange(QStringLiteral("Edit Line"));
     guarded([&] {
         const LineEditing::Opening opening { m_pageView->currentPage(), request.row,
-            frontRowProperty(request.row, "text"), frontRowProperty(request.row, "tag"), request.pluNumber,
+            m_pageView->frontRowText(request.row), m_pageView->frontRowTag(request.row), request.pluNumber,
             request.price, m_catalogue->selectedText() };
         EditLineDialog dialog(m_document, opening, *m_catalogue, *m_translator, m_prompts, this);
         dialog.exec();
@@ -489,7 +480,7 @@ void MainWindow::Exit_Click()
 void MainWindow::UpgradeFirmware_Click()
 {
     guarded([this] {
-        const UpgradeToolWait wait(findChild<QAction*>(QStringLiteral("UpgradeFirmware")), statusBar());
+        const UpgradeToolWait wait(m_upgradeFirmware, statusBar());
         // Quoted, so that a designer installed in a folder with blanks finds its tool. The tool reports its
         // own outcome to the user; its exit code is not acted on.
         RunShell(
@@ -542,14 +533,14 @@ void MainWindow::closeEvent(QCloseEvent* event)
 
 bool MainWindow::shutDown()
 {
-    m_timer1->stop();
+    m_autosaveTimer->stop();
     const WriteFailures failures = WorkingCopy::save(m_document);
     if (!failures.isEmpty() && !m_keptOpenUnsaved) {
         m_keptOpenUnsaved = true;
         showSaveOutcome(failures, Asking::Always,
             tr("The window stays open so that you can save the menu elsewhere (File, Save); close it again "
                "to quit without saving."));
-        m_timer1->start();
+        m_autosaveTimer->start();
         return false;
     }
     closeOtherWindows();

@@ -97,7 +97,6 @@ private:
     void handlerEnded(const HandlerGuard::Change& change) override;
     void updateUndoActions();
     void closeOtherWindows();
-    QString frontRowProperty(int row, const char* name) const;
 
     template<typename Window, typename Make>
     void showOnce(QPointer<Window>& window, Make&& make);
@@ -106,10 +105,11 @@ private:
     UndoHistory m_history;
     QAction* m_undo = nullptr;
     QAction* m_redo = nullptr;
+    QAction* m_upgradeFirmware = nullptr;
     std::unique_ptr<RadioLink> m_link;
     QPointer<SendDialog> m_sendDialog;
     QPointer<ReceptionWindow> m_receptionWindow;
-    QTimer* m_timer1;
+    QTimer* m_autosaveTimer;
     CataloguePanel* m_catalogue = nullptr;
     PageView* m_pageView = nullptr;
     ModifierPanel* m_modifiers = nullptr;

@@ -29,9 +29,9 @@ BackgroundEffectsDialog::BackgroundEffectsDialog(
     setWindowTitle(QStringLiteral("Background effects"));
     setModal(true);
 
-    m_command1 = named(new ColorButton(QString(), prompts, this), QStringLiteral("Command1"));
-    m_text1 = named(new QLineEdit(this), QStringLiteral("Text1"));
-    m_text1->setMinimumWidth(260);
+    m_backColor = named(new ColorButton(QString(), prompts, this), QStringLiteral("Command1"));
+    m_picturePath = named(new QLineEdit(this), QStringLiteral("Text1"));
+    m_picturePath->setMinimumWidth(260);
     auto* browse = commandButton(this, QStringLiteral("Command2"), QStringLiteral("B&rowse"));
     auto* close = named(new QPushButton(QStringLiteral("Close &Windows"), this), QStringLiteral("Command3"));
     auto* resolution
@@ -39,11 +39,12 @@ BackgroundEffectsDialog::BackgroundEffectsDialog(
 
     auto* grid = new QGridLayout;
     grid->addWidget(
-        buddyLabel(this, QStringLiteral("Label1"), QStringLiteral("Backgound &Color"), m_command1), 0, 0);
-    grid->addWidget(m_command1, 0, 1, Qt::AlignLeft);
+        buddyLabel(this, QStringLiteral("Label1"), QStringLiteral("Backgound &Color"), m_backColor), 0, 0);
+    grid->addWidget(m_backColor, 0, 1, Qt::AlignLeft);
     grid->addWidget(
-        buddyLabel(this, QStringLiteral("Label2"), QStringLiteral("BackGround &Picture"), m_text1), 1, 0);
-    grid->addWidget(m_text1, 1, 1);
+        buddyLabel(this, QStringLiteral("Label2"), QStringLiteral("BackGround &Picture"), m_picturePath), 1,
+        0);
+    grid->addWidget(m_picturePath, 1, 1);
     grid->addWidget(browse, 1, 2);
     grid->addWidget(resolution, 2, 1);
     auto* commands = new QHBoxLayout;
@@ -53,15 +54,15 @@ BackgroundEffectsDialog::BackgroundEffectsDialog(
     layout->addLayout(grid);
     layout->addLayout(commands);
 
-    connect(m_command1, &QPushButton::clicked, this, &BackgroundEffectsDialog::Command1_Click);
+    connect(m_backColor, &QPushButton::clicked, this, &BackgroundEffectsDialog::Command1_Click);
     connect(browse, &QPushButton::clicked, this, &BackgroundEffectsDialog::Command2_Click);
-    connect(m_text1, &QLineEdit::textChanged, this, &BackgroundEffectsDialog::Text1_Change);
+    connect(m_picturePath, &QLineEdit::textChanged, this, &BackgroundEffectsDialog::Text1_Change);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
 
     guarded([this] {
-        m_command1->setColorNumber(numberOfColor(m_area.color()));
-        const QSignalBlocker block(m_text1);
-        m_text1->setText(storedPicture());
+        m_backColor->setColorNumber(numberOfColor(m_area.color()));
+        const QSignalBlocker block(m_picturePath);
+        m_picturePath->setText(storedPicture());
     });
 }
 
@@ -80,11 +81,11 @@ QString& BackgroundEffectsDialog::storedPicture()
 void BackgroundEffectsDialog::Command1_Click()
 {
     guarded([this] {
-        if (!m_command1->askColor()) {
+        if (!m_backColor->askColor()) {
             return;
         }
-        m_area.setColor(colorOfNumber(m_command1->colorNumber()));
-        storedColor() = QString::number(m_command1->colorNumber());
+        m_area.setColor(colorOfNumber(m_backColor->colorNumber()));
+        storedColor() = QString::number(m_backColor->colorNumber());
     });
 }
 
@@ -94,7 +95,7 @@ void BackgroundEffectsDialog::Command2_Click()
     guarded([this] {
         const QString path = m_prompts.askOpenFile(QStringLiteral("*.JPG"));
         if (!path.isEmpty()) {
-            m_text1->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
+            m_picturePath->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
         }
     });
 }

@@ -33,6 +33,6 @@ private:
     int m_page;
     int m_side;
     PictureBox& m_area;
-    ColorButton* m_command1 = nullptr;
-    QLineEdit* m_text1 = nullptr;
+    ColorButton* m_backColor = nullptr;
+    QLineEdit* m_picturePath = nullptr;
 };

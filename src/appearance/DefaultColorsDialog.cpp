@@ -52,8 +52,8 @@ QWidget* DefaultColorsDialog::buildKindFrame(int kind, const QString& name, cons
         = named(new ColorButton(QString(), m_prompts, frame), arrayName(QStringLiteral("Command3"), kind));
     auto* fore
         = named(new ColorButton(QString(), m_prompts, frame), arrayName(QStringLiteral("Command4"), kind));
-    m_command3[static_cast<std::size_t>(kind)] = back;
-    m_command4[static_cast<std::size_t>(kind)] = fore;
+    m_backColors[static_cast<std::size_t>(kind)] = back;
+    m_textColors[static_cast<std::size_t>(kind)] = fore;
     auto* backLabel = new QLabel(QStringLiteral("TextBackColor"), frame);
     auto* foreLabel = new QLabel(QStringLiteral("TextColor"), frame);
     if (kind == 0) {
@@ -70,26 +70,27 @@ QWidget* DefaultColorsDialog::buildKindFrame(int kind, const QString& name, cons
 
 QLayout* DefaultColorsDialog::buildPageAndFont()
 {
-    m_command5 = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command5"));
-    m_command5->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // a swatch, like the kinds' buttons
-    m_combo1 = named(new QComboBox(this), QStringLiteral("Combo1"));
+    m_pageColor = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command5"));
+    m_pageColor->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed); // a swatch, like the kinds' buttons
+    m_fontName = named(new QComboBox(this), QStringLiteral("Combo1"));
     // A font the printer does not list can still be typed in.
-    m_combo1->setEditable(true);
-    m_combo1->setInsertPolicy(QComboBox::NoInsert);
-    m_text3 = named(new QLineEdit(this), QStringLiteral("Text3"));
-    m_label1 = named(new QLabel(QStringLiteral("Font test. FONT TEST"), this), QStringLiteral("Label1"));
-    m_label1->setMinimumHeight(32);
+    m_fontName->setEditable(true);
+    m_fontName->setInsertPolicy(QComboBox::NoInsert);
+    m_currencySymbol = named(new QLineEdit(this), QStringLiteral("Text3"));
+    m_fontSample = named(new QLabel(QStringLiteral("Font test. FONT TEST"), this), QStringLiteral("Label1"));
+    m_fontSample->setMinimumHeight(32);
 
     auto* form = new QFormLayout;
     form->addRow(
-        buddyLabel(this, QStringLiteral("Label6"), QStringLiteral("&BackColor"), m_command5), m_command5);
-    form->addRow(buddyLabel(this, QStringLiteral("Label4"), QStringLiteral("&Font"), m_combo1), m_combo1);
-    form->addRow(buddyLabel(this, QStringLiteral("Label3"), QStringLiteral("&Currency"), m_text3), m_text3);
-    form->addRow(m_label1);
+        buddyLabel(this, QStringLiteral("Label6"), QStringLiteral("&BackColor"), m_pageColor), m_pageColor);
+    form->addRow(buddyLabel(this, QStringLiteral("Label4"), QStringLiteral("&Font"), m_fontName), m_fontName);
+    form->addRow(buddyLabel(this, QStringLiteral("Label3"), QStringLiteral("&Currency"), m_currencySymbol),
+        m_currencySymbol);
+    form->addRow(m_fontSample);
 
-    connect(m_command5, &QPushButton::clicked, this, &DefaultColorsDialog::Command5_Click);
-    connect(m_combo1, &QComboBox::currentTextChanged, this, &DefaultColorsDialog::Combo1_Click);
-    connect(m_text3, &QLineEdit::textChanged, this, &DefaultColorsDialog::Text3_Change);
+    connect(m_pageColor, &QPushButton::clicked, this, &DefaultColorsDialog::Command5_Click);
+    connect(m_fontName, &QComboBox::currentTextChanged, this, &DefaultColorsDialog::Combo1_Click);
+    connect(m_currencySymbol, &QLineEdit::textChanged, this, &DefaultColorsDialog::Text3_Change);
     return form;
 }
 
@@ -98,19 +99,19 @@ void DefaultColorsDialog::load()
 {
     const PrintSettings& print = m_document.PrintSettings;
     {
-        const QSignalBlocker blockCombo(m_combo1);
-        const QSignalBlocker blockText(m_text3);
-        m_combo1->addItems(QFontDatabase::families());
-        m_text3->setText(print.CurrencySymbol);
-        m_combo1->setCurrentText(print.FontName);
+        const QSignalBlocker blockFont(m_fontName);
+        const QSignalBlocker blockCurrency(m_currencySymbol);
+        m_fontName->addItems(QFontDatabase::families());
+        m_currencySymbol->setText(print.CurrencySymbol);
+        m_fontName->setCurrentText(print.FontName);
     }
-    m_label1->setFont(QFont(print.FontName));
+    m_fontSample->setFont(QFont(print.FontName));
     for (int kind : { 1, 2, 0 }) {
         const auto i = static_cast<std::size_t>(kind);
-        m_command3[i]->setColorNumber(PageRendering::colorNumber(print.ColorBack[kind]));
-        m_command4[i]->setColorNumber(PageRendering::colorNumber(print.ColorFore[kind]));
+        m_backColors[i]->setColorNumber(PageRendering::colorNumber(print.ColorBack[kind]));
+        m_textColors[i]->setColorNumber(PageRendering::colorNumber(print.ColorFore[kind]));
     }
-    m_command5->setColorNumber(PageRendering::colorNumber(print.DefaultPageColor));
+    m_pageColor->setColorNumber(PageRendering::colorNumber(print.DefaultPageColor));
 }
 
 void DefaultColorsDialog::pickColor(ColorButton* button, QString& stored)
@@ -124,17 +125,17 @@ void DefaultColorsDialog::pickColor(ColorButton* button, QString& stored)
 
 void DefaultColorsDialog::Command3_Click(int kind)
 {
-    pickColor(m_command3[static_cast<std::size_t>(kind)], m_document.PrintSettings.ColorBack[kind]);
+    pickColor(m_backColors[static_cast<std::size_t>(kind)], m_document.PrintSettings.ColorBack[kind]);
 }
 
 void DefaultColorsDialog::Command4_Click(int kind)
 {
-    pickColor(m_command4[static_cast<std::size_t>(kind)], m_document.PrintSettings.ColorFore[kind]);
+    pickColor(m_textColors[static_cast<std::size_t>(kind)], m_document.PrintSettings.ColorFore[kind]);
 }
 
 void DefaultColorsDialog::Command5_Click()
 {
-    pickColor(m_command5, m_document.PrintSettings.DefaultPageColor);
+    pickColor(m_pageColor, m_document.PrintSettings.DefaultPageColor);
 }
 
 // The font and the currency are stored together, as the two boxes show them.
@@ -147,8 +148,8 @@ void DefaultColorsDialog::Text3_Change()
 {
     guarded([this] {
         PrintSettings& print = m_document.PrintSettings;
-        print.CurrencySymbol = m_text3->text();
-        print.FontName = m_combo1->currentText();
-        m_label1->setFont(QFont(print.FontName));
+        print.CurrencySymbol = m_currencySymbol->text();
+        print.FontName = m_fontName->currentText();
+        m_fontSample->setFont(QFont(print.FontName));
     });
 }

@@ -38,10 +38,10 @@ private:
     void pickColor(ColorButton* button, QString& stored);
 
     MenuDocument& m_document;
-    std::array<ColorButton*, Kinds> m_command3 {};
-    std::array<ColorButton*, Kinds> m_command4 {};
-    ColorButton* m_command5 = nullptr;
-    QComboBox* m_combo1 = nullptr;
-    QLineEdit* m_text3 = nullptr;
-    QLabel* m_label1 = nullptr;
+    std::array<ColorButton*, Kinds> m_backColors {};
+    std::array<ColorButton*, Kinds> m_textColors {};
+    ColorButton* m_pageColor = nullptr;
+    QComboBox* m_fontName = nullptr;
+    QLineEdit* m_currencySymbol = nullptr;
+    QLabel* m_fontSample = nullptr;
 };

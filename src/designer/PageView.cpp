@@ -6,7 +6,6 @@
 #include "RowDialog.h"
 #include "document/ColorNumbers.h"
 #include "document/MenuDocument.h"
-#include "document/NumberText.h"
 #include "document/PluNumberIndex.h"
 #include "ui/ChangeNames.h"
 #include "ui/HandlerGuard.h"
@@ -143,15 +142,15 @@ PageView::PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent
 {
     setObjectName(QStringLiteral("PageView"));
 
-    auto* pageText = new QLabel(QStringLiteral("Page"), this);
-    pageText->setObjectName(QStringLiteral("Page_text"));
-    pageText->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_page = new QLabel(QStringLiteral("1"), this);
-    m_page->setObjectName(QStringLiteral("Page"));
-    QFont pageFont = m_page->font();
+    m_pageCaption = new QLabel(QStringLiteral("Page"), this);
+    m_pageCaption->setObjectName(QStringLiteral("Page_text"));
+    m_pageCaption->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_pageNumber = new QLabel(QStringLiteral("1"), this);
+    m_pageNumber->setObjectName(QStringLiteral("Page"));
+    QFont pageFont = m_pageNumber->font();
     pageFont.setBold(true);
     pageFont.setPointSize(pageFont.pointSize() + 3);
-    m_page->setFont(pageFont);
+    m_pageNumber->setFont(pageFont);
 
     m_frontHeading = heading(this, QStringLiteral("FrontHeading"), QStringLiteral("Front"), FrontLeft);
     m_backHeading = heading(this, QStringLiteral("BackHeading"), QStringLiteral("Back"), BackLeft);
@@ -164,50 +163,51 @@ PageView::PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent
 
 void PageView::buildFront()
 {
-    m_picture1 = new PictureBox(PictureBox::Fit::Fill, this);
-    m_picture1->setObjectName(QStringLiteral("Picture1"));
-    m_picture1->setGeometry(FrontLeft, SideTop, SideWidth, SideHeight);
+    m_frontSide = new PictureBox(PictureBox::Fit::Fill, this);
+    m_frontSide->setObjectName(QStringLiteral("Picture1"));
+    m_frontSide->setGeometry(FrontLeft, SideTop, SideWidth, SideHeight);
 
-    m_magnet = new QLabel(m_picture1);
-    m_magnet->setObjectName(QStringLiteral("Magnet"));
-    m_magnet->setAlignment(Qt::AlignCenter);
-    m_magnet->setFrameShape(QFrame::Box);
-    QFont magnetFont = m_magnet->font();
+    m_magnetLetter = new QLabel(m_frontSide);
+    m_magnetLetter->setObjectName(QStringLiteral("Magnet"));
+    m_magnetLetter->setAlignment(Qt::AlignCenter);
+    m_magnetLetter->setFrameShape(QFrame::Box);
+    QFont magnetFont = m_magnetLetter->font();
     magnetFont.setPointSize(22);
     magnetFont.setBold(true);
-    m_magnet->setFont(magnetFont);
-    m_magnet->setGeometry(
+    m_magnetLetter->setFont(magnetFont);
+    m_magnetLetter->setGeometry(
         SideWidth - 10 - MagnetSize, (SideHeaderHeight - MagnetSize) / 2, MagnetSize, MagnetSize);
 
     const QString bindTip = QStringLiteral("Put the product selected in the catalogue on this row");
     const QString removeTip = QStringLiteral("Delete or move this row");
     const int buttonsLeft = FrontLeft + SideWidth + 6;
     for (int r = 0; r < Rows; ++r) {
-        Row& row = m_rows[static_cast<std::size_t>(r)];
-        row.Linhas = rowBox(m_picture1, u"Linhas", r, QRect(TextLeft, rowTop(r), TextWidth, RowBoxHeight));
-        row.Linhas->setProperty("tag", QString());
-        row.Price = rowBox(m_picture1, u"Price", r, QRect(PriceLeft, rowTop(r), PriceWidth, RowBoxHeight));
-        row.Price->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        row.Command12 = rowButton(this, u"Command12", r, QStringLiteral("\u25C0"), bindTip, buttonsLeft);
-        row.Remove = rowButton(
+        Row& row = rowAt(r);
+        row.frontText
+            = rowBox(m_frontSide, u"Linhas", r, QRect(TextLeft, rowTop(r), TextWidth, RowBoxHeight));
+        row.frontText->setProperty("tag", QString());
+        row.price = rowBox(m_frontSide, u"Price", r, QRect(PriceLeft, rowTop(r), PriceWidth, RowBoxHeight));
+        row.price->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        row.bindProduct = rowButton(this, u"Command12", r, QStringLiteral("\u25C0"), bindTip, buttonsLeft);
+        row.moveOrDelete = rowButton(
             this, u"Remove", r, QStringLiteral("\u21C5"), removeTip, buttonsLeft + ButtonSize + 2);
     }
 }
 
 void PageView::buildBack()
 {
-    m_picture2 = new PictureBox(PictureBox::Fit::Fill, this);
-    m_picture2->setObjectName(QStringLiteral("Picture2"));
-    m_picture2->setGeometry(BackLeft, SideTop, SideWidth, SideHeight);
+    m_backSide = new PictureBox(PictureBox::Fit::Fill, this);
+    m_backSide->setObjectName(QStringLiteral("Picture2"));
+    m_backSide->setGeometry(BackLeft, SideTop, SideWidth, SideHeight);
 
     for (int r = 0; r < Rows; ++r) {
-        Row& row = m_rows[static_cast<std::size_t>(r)];
-        row.Imagem = new PictureBox(PictureBox::Fit::KeepAspect, m_picture2);
-        row.Imagem->setObjectName(arrayName(u"Imagem", r));
-        row.Imagem->setGeometry(TextLeft, rowTop(r), BackPictureWidth, RowPitch);
-        row.Imagem->setProperty("tag", QString());
-        row.LinhasVerso = rowBox(
-            m_picture2, u"LinhasVerso", r, QRect(BackTextLeft, rowTop(r), BackTextWidth, RowBoxHeight));
+        Row& row = rowAt(r);
+        row.groupPicture = new PictureBox(PictureBox::Fit::KeepAspect, m_backSide);
+        row.groupPicture->setObjectName(arrayName(u"Imagem", r));
+        row.groupPicture->setGeometry(TextLeft, rowTop(r), BackPictureWidth, RowPitch);
+        row.groupPicture->setProperty("tag", QString());
+        row.backText = rowBox(
+            m_backSide, u"LinhasVerso", r, QRect(BackTextLeft, rowTop(r), BackTextWidth, RowBoxHeight));
     }
 }
 
@@ -215,7 +215,7 @@ void PageView::buildBack()
 void PageView::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    for (const PictureBox* side : { m_picture1, m_picture2 }) {
+    for (const PictureBox* side : { m_frontSide, m_backSide }) {
         const QRect sheet = side->geometry();
         painter.fillRect(sheet.translated(3, 3), QColor(0, 0, 0, 40));
         painter.setPen(QColor(120, 120, 120));
@@ -226,18 +226,29 @@ void PageView::paintEvent(QPaintEvent*)
 QSize PageView::sizeHint() const
 {
     // The back side moves right while designing; the view grows with it.
-    const QRect back = m_picture2->geometry();
+    const QRect back = m_backSide->geometry();
     return QSize(back.right() + 1 + Margin, back.bottom() + 1 + Margin);
-}
-
-int PageView::currentPage() const
-{
-    return NumberText::int32Value(m_page->text());
 }
 
 void PageView::setCurrentPage(int page)
 {
-    m_page->setText(QString::number(page));
+    m_currentPage = page;
+    m_pageNumber->setText(QString::number(page));
+}
+
+QString PageView::frontRowText(int row) const
+{
+    return rowAt(row).frontText->text();
+}
+
+QString PageView::frontRowTag(int row) const
+{
+    return rowAt(row).frontText->property("tag").toString();
+}
+
+void PageView::focusFirstRow()
+{
+    rowAt(0).frontText->setFocus();
 }
 
 void PageView::Update_Page()
@@ -250,7 +261,7 @@ void PageView::Update_Page()
     };
 
     for (const auto& [side, box] :
-        { std::pair { Side::Front, m_picture1 }, std::pair { Side::Back, m_picture2 } }) {
+        { std::pair { Side::Front, m_frontSide }, std::pair { Side::Back, m_backSide } }) {
         loaded = QImage();
         const SideView view = describeSide(m_document, page, side, load);
         storeSide(m_document, page, side, view);
@@ -259,7 +270,7 @@ void PageView::Update_Page()
     }
 
     if (const auto letter = magnetLetter(page, m_document.PagesVersion, LastUsedPage(m_document))) {
-        m_magnet->setText(*letter);
+        m_magnetLetter->setText(*letter);
     }
 
     const PluNumberIndex catalogue(m_document);
@@ -267,9 +278,9 @@ void PageView::Update_Page()
         loaded = QImage();
         const RowView view = describeRow(m_document, catalogue, page, r, load);
         storeRow(m_document, page, r, view);
-        Row& row = m_rows[static_cast<std::size_t>(r)];
+        Row& row = rowAt(r);
         showRow(row, view);
-        row.Imagem->setPicture(loaded);
+        row.groupPicture->setPicture(loaded);
     }
 }
 
@@ -278,28 +289,28 @@ void PageView::showRow(Row& row, const RowView& view)
     const QString& family = m_document.PrintSettings.FontName;
 
     // The tag goes first: whoever reacts to the text changing finds the row's product already there.
-    row.Linhas->setProperty("tag", view.tag);
-    row.Linhas->setText(view.text);
-    row.Price->setText(view.price);
+    row.frontText->setProperty("tag", view.tag);
+    row.frontText->setText(view.text);
+    row.price->setText(view.price);
     // Kinds the view does not know keep the size and colours the row had before.
     const int frontPointSize = view.front ? view.front->pointSize : 0;
-    setRowFont(row.Linhas, family, frontPointSize);
-    setRowFont(row.Price, family, frontPointSize);
+    setRowFont(row.frontText, family, frontPointSize);
+    setRowFont(row.price, family, frontPointSize);
     if (view.front) {
-        setColors(row.Linhas, view.front->backColor, view.front->foreColor);
-        setColors(row.Price, view.front->backColor, view.front->foreColor);
+        setColors(row.frontText, view.front->backColor, view.front->foreColor);
+        setColors(row.price, view.front->backColor, view.front->foreColor);
     }
 
-    row.LinhasVerso->setText(view.backText);
-    setColors(row.LinhasVerso, view.backBackColor, view.backForeColor);
-    setRowFont(row.LinhasVerso, family, BackRowPointSize);
+    row.backText->setText(view.backText);
+    setColors(row.backText, view.backBackColor, view.backForeColor);
+    setRowFont(row.backText, family, BackRowPointSize);
 
     const int pictureRows = std::max(view.pictureRows, 1);
-    row.Imagem->resize(BackPictureWidth, pictureRows * RowPitch);
+    row.groupPicture->resize(BackPictureWidth, pictureRows * RowPitch);
     if (view.pictureRows > 0) {
-        row.Imagem->setProperty("tag", view.pictureTag);
+        row.groupPicture->setProperty("tag", view.pictureTag);
     }
-    row.Imagem->setVisible(view.pictureBoxVisible);
+    row.groupPicture->setVisible(view.pictureBoxVisible);
 }
 
 // Two lines above the front: paging with the page number between Previous and Next, then Insert and
@@ -314,50 +325,50 @@ void PageView::buildCommands()
         pushButton->setAutoDefault(false);
         return pushButton;
     };
-    m_command14 = button(QStringLiteral("Command14"), QStringLiteral("Previous Page"),
+    m_previousPage = button(QStringLiteral("Command14"), QStringLiteral("Previous Page"),
         QStringLiteral("Page Up, or Ctrl+Page Up anywhere in the window"));
-    m_command14->setIcon(style()->standardIcon(QStyle::SP_ArrowLeft));
-    m_command15 = button(QStringLiteral("Command15"), QStringLiteral("Next Page"),
+    m_previousPage->setIcon(style()->standardIcon(QStyle::SP_ArrowLeft));
+    m_nextPage = button(QStringLiteral("Command15"), QStringLiteral("Next Page"),
         QStringLiteral("Page Down, or Ctrl+Page Down anywhere in the window"));
-    m_command15->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
-    m_command15->setLayoutDirection(Qt::RightToLeft); // the arrow after the caption
+    m_nextPage->setIcon(style()->standardIcon(QStyle::SP_ArrowRight));
+    m_nextPage->setLayoutDirection(Qt::RightToLeft); // the arrow after the caption
     m_insertPage = button(QStringLiteral("InsertPage"), QStringLiteral("Insert Page"),
         QStringLiteral("An empty page here: this page and the ones after it move one page on, and the "
                        "content of page 14 is lost"));
     m_deletePage = button(QStringLiteral("DeletePage"), QStringLiteral("Delete Page"),
         QStringLiteral("Takes this page out: the pages after it move one page forward"));
-    m_expand = button(QStringLiteral("Expand"), designCaption(),
+    m_workModeSwitch = button(QStringLiteral("Expand"), designCaption(),
         QStringLiteral("Switches between designing the menu with wide rows and configuring the modifiers"));
 
     const auto place = [](QPushButton* command, int left, int top) {
         command->setGeometry(left, top, command->sizeHint().width(), HeaderRowHeight);
     };
     const int frontRight = FrontLeft + SideWidth;
-    place(m_command14, FrontLeft, HeaderTop);
-    place(m_command15, frontRight - m_command15->sizeHint().width(), HeaderTop);
+    place(m_previousPage, FrontLeft, HeaderTop);
+    place(m_nextPage, frontRight - m_nextPage->sizeHint().width(), HeaderTop);
     place(m_insertPage, FrontLeft, SecondRowTop);
     place(m_deletePage, frontRight - m_deletePage->sizeHint().width(), SecondRowTop);
     // Wide enough for either caption, so that the button stays where it is when its caption changes.
-    m_expand->setText(configureCaption());
-    const int expandWidth = m_expand->sizeHint().width();
-    m_expand->setText(designCaption());
-    m_expand->setGeometry(BackLeft + SideWidth - expandWidth, HeaderTop, expandWidth, HeaderRowHeight);
+    m_workModeSwitch->setText(configureCaption());
+    const int expandWidth = m_workModeSwitch->sizeHint().width();
+    m_workModeSwitch->setText(designCaption());
+    m_workModeSwitch->setGeometry(
+        BackLeft + SideWidth - expandWidth, HeaderTop, expandWidth, HeaderRowHeight);
 
     // "Page" and its number stand together in the middle of the front.
-    auto* pageText = findChild<QLabel*>(QStringLiteral("Page_text"));
-    const int textWidth = pageText->sizeHint().width();
-    const int numberWidth = m_page->fontMetrics().horizontalAdvance(QStringLiteral("00")) + 4;
+    const int textWidth = m_pageCaption->sizeHint().width();
+    const int numberWidth = m_pageNumber->fontMetrics().horizontalAdvance(QStringLiteral("00")) + 4;
     const int pageLeft = FrontLeft + (SideWidth - textWidth - 4 - numberWidth) / 2;
-    pageText->setGeometry(pageLeft, HeaderTop, textWidth, HeaderRowHeight);
-    m_page->setGeometry(pageLeft + textWidth + 4, HeaderTop, numberWidth, HeaderRowHeight);
+    m_pageCaption->setGeometry(pageLeft, HeaderTop, textWidth, HeaderRowHeight);
+    m_pageNumber->setGeometry(pageLeft + textWidth + 4, HeaderTop, numberWidth, HeaderRowHeight);
 
-    connect(m_command14, &QPushButton::clicked, this, &PageView::Command14_Click);
-    connect(m_command15, &QPushButton::clicked, this, &PageView::Command15_Click);
+    connect(m_previousPage, &QPushButton::clicked, this, &PageView::Command14_Click);
+    connect(m_nextPage, &QPushButton::clicked, this, &PageView::Command15_Click);
     connect(m_insertPage, &QPushButton::clicked, this, &PageView::InsertPage_Click);
     connect(m_deletePage, &QPushButton::clicked, this, &PageView::DeletePage_Click);
-    connect(m_expand, &QPushButton::clicked, this, &PageView::Expand_Click);
-    connect(m_picture1, &PictureBox::clicked, this, &PageView::Picture1_Click);
-    connect(m_picture2, &PictureBox::clicked, this, &PageView::Picture2_Click);
+    connect(m_workModeSwitch, &QPushButton::clicked, this, &PageView::Expand_Click);
+    connect(m_frontSide, &PictureBox::clicked, this, &PageView::Picture1_Click);
+    connect(m_backSide, &PictureBox::clicked, this, &PageView::Picture2_Click);
 
     // Page Up and Page Down turn the pages while the page has the focus; the lists beside it keep
     // those keys for scrolling, so from there Ctrl is needed.
@@ -370,29 +381,29 @@ void PageView::buildCommands()
             command->click();
         });
     };
-    pageKey(m_command14, QKeySequence(Qt::Key_PageUp), Qt::WidgetWithChildrenShortcut);
-    pageKey(m_command15, QKeySequence(Qt::Key_PageDown), Qt::WidgetWithChildrenShortcut);
-    pageKey(m_command14, QKeySequence(Qt::CTRL | Qt::Key_PageUp), Qt::WindowShortcut);
-    pageKey(m_command15, QKeySequence(Qt::CTRL | Qt::Key_PageDown), Qt::WindowShortcut);
+    pageKey(m_previousPage, QKeySequence(Qt::Key_PageUp), Qt::WidgetWithChildrenShortcut);
+    pageKey(m_nextPage, QKeySequence(Qt::Key_PageDown), Qt::WidgetWithChildrenShortcut);
+    pageKey(m_previousPage, QKeySequence(Qt::CTRL | Qt::Key_PageUp), Qt::WindowShortcut);
+    pageKey(m_nextPage, QKeySequence(Qt::CTRL | Qt::Key_PageDown), Qt::WindowShortcut);
 
     for (int r = 0; r < Rows; ++r) {
-        const Row& row = m_rows[static_cast<std::size_t>(r)];
-        connect(row.Remove, &QToolButton::clicked, this, [this, r] { Remove_Click(r); });
-        m_designMoves.push_back({ row.Linhas, 0, RowTextRoom });
-        m_designMoves.push_back({ row.Price, RowTextRoom, PriceRoom });
-        m_designMoves.push_back({ row.Command12, SideRoom, 0 });
-        m_designMoves.push_back({ row.Remove, SideRoom, 0 });
+        const Row& row = rowAt(r);
+        connect(row.moveOrDelete, &QToolButton::clicked, this, [this, r] { Remove_Click(r); });
+        m_designMoves.push_back({ row.frontText, 0, RowTextRoom });
+        m_designMoves.push_back({ row.price, RowTextRoom, PriceRoom });
+        m_designMoves.push_back({ row.bindProduct, SideRoom, 0 });
+        m_designMoves.push_back({ row.moveOrDelete, SideRoom, 0 });
     }
     // The gutter, the back side and its heading keep their distance from the wider front; the magnet
     // letter keeps to the front's corner.
-    for (QWidget* follower :
-        std::initializer_list<QWidget*> { m_magnet, m_command15, m_deletePage, m_picture2, m_backHeading }) {
+    for (QWidget* follower : std::initializer_list<QWidget*> {
+             m_magnetLetter, m_nextPage, m_deletePage, m_backSide, m_backHeading }) {
         m_designMoves.push_back({ follower, SideRoom, 0 });
     }
-    m_designMoves.push_back({ m_picture1, 0, SideRoom });
+    m_designMoves.push_back({ m_frontSide, 0, SideRoom });
     m_designMoves.push_back({ m_frontHeading, 0, SideRoom });
-    m_designMoves.push_back({ pageText, SideRoom / 2, 0 });
-    m_designMoves.push_back({ m_page, SideRoom / 2, 0 });
+    m_designMoves.push_back({ m_pageCaption, SideRoom / 2, 0 });
+    m_designMoves.push_back({ m_pageNumber, SideRoom / 2, 0 });
 }
 
 void PageView::Command14_Click()
@@ -435,12 +446,7 @@ void PageView::DeletePage_Click()
 
 PictureBox& PageView::sideArea(int side) const
 {
-    return side == 1 ? *m_picture1 : *m_picture2;
-}
-
-bool PageView::designing() const
-{
-    return m_expand->text() == configureCaption();
+    return side == 1 ? *m_frontSide : *m_backSide;
 }
 
 // The caption names the mode a click switches to. The amounts are fixed: a window resized in between
@@ -448,10 +454,10 @@ bool PageView::designing() const
 void PageView::Expand_Click()
 {
     guarded(sender(), [this] {
-        const bool design = !designing();
-        m_expand->setText(design ? configureCaption() : designCaption());
-        emit workModeChanged(design);
-        applyDesignMoves(design ? 1 : -1);
+        m_designing = !m_designing;
+        m_workModeSwitch->setText(m_designing ? configureCaption() : designCaption());
+        emit workModeChanged(m_designing);
+        applyDesignMoves(m_designing ? 1 : -1);
     });
 }
 

@@ -1,14 +1,16 @@
 #pragma once
 
 #include "PictureFiles.h"
+#include "document/MenuDocument.h"
 #include "ui/GuardedHandlers.h"
 
+#include <QString>
 #include <QWidget>
 
 #include <array>
+#include <cstddef>
 #include <vector>
 
-class MenuDocument;
 class PictureBox;
 class QLabel;
 class QLineEdit;
@@ -21,7 +23,7 @@ struct RowView;
 
 // The current menu page as the magnet sheet shows it: the front side with its rows, prices and magnet
 // letter beside the back side with its group titles and pictures. The view keeps nothing of its own
-// but the page number in the label `Page`; every redraw reads the document afresh.
+// but the page number and the work mode; every redraw reads the document afresh.
 //
 // Above the sides stand the page commands: paging, inserting and deleting pages, and the switch
 // between configuring the modifiers and designing the menu, which gives the front rows more room.
@@ -30,7 +32,7 @@ class PageView : public QWidget, private GuardedHandlers
     Q_OBJECT
 
 public:
-    static constexpr int Rows = 24;
+    static constexpr int Rows = Limits::RowsPerPage;
 
     PageView(MenuDocument& document, UserPrompts& prompts, QWidget* parent = nullptr);
 
@@ -38,8 +40,13 @@ public:
     // yellow it shows, and picture paths are stored as they were found.
     void Update_Page();
 
-    int currentPage() const;
+    int currentPage() const { return m_currentPage; }
     void setCurrentPage(int page);
+
+    // What the front row shows, and the tag of the product on it, as the user left them.
+    QString frontRowText(int row) const;
+    QString frontRowTag(int row) const;
+    void focusFirstRow();
 
     QSize sizeHint() const override;
 
@@ -50,7 +57,7 @@ public:
     PictureBox& sideArea(int side) const;
 
     // True while the page has the modifier panel's room.
-    bool designing() const;
+    bool designing() const { return m_designing; }
 
 public slots:
     void Command14_Click(); // Previous Page
@@ -74,13 +81,16 @@ protected:
 private:
     struct Row
     {
-        QLineEdit* Linhas = nullptr;
-        QLineEdit* Price = nullptr;
-        QToolButton* Command12 = nullptr;
-        QToolButton* Remove = nullptr;
-        QLineEdit* LinhasVerso = nullptr;
-        PictureBox* Imagem = nullptr;
+        QLineEdit* frontText = nullptr;
+        QLineEdit* price = nullptr;
+        QToolButton* bindProduct = nullptr;
+        QToolButton* moveOrDelete = nullptr;
+        QLineEdit* backText = nullptr;
+        PictureBox* groupPicture = nullptr;
     };
+
+    const Row& rowAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    Row& rowAt(int row) { return m_rows[static_cast<std::size_t>(row)]; }
 
     void buildFront();
     void buildBack();
@@ -98,17 +108,20 @@ private:
 
     MenuDocument& m_document;
     PictureFiles m_pictureFiles;
-    QLabel* m_page = nullptr;
-    QLabel* m_magnet = nullptr;
-    PictureBox* m_picture1 = nullptr;
-    PictureBox* m_picture2 = nullptr;
+    int m_currentPage = 1;
+    bool m_designing = false;
+    QLabel* m_pageCaption = nullptr;
+    QLabel* m_pageNumber = nullptr;
+    QLabel* m_magnetLetter = nullptr;
+    PictureBox* m_frontSide = nullptr;
+    PictureBox* m_backSide = nullptr;
     std::array<Row, Rows> m_rows;
 
-    QPushButton* m_command14 = nullptr;
-    QPushButton* m_command15 = nullptr;
+    QPushButton* m_previousPage = nullptr;
+    QPushButton* m_nextPage = nullptr;
     QPushButton* m_insertPage = nullptr;
     QPushButton* m_deletePage = nullptr;
-    QPushButton* m_expand = nullptr;
+    QPushButton* m_workModeSwitch = nullptr;
     QLabel* m_frontHeading = nullptr;
     QLabel* m_backHeading = nullptr;
     std::vector<DesignMove> m_designMoves;

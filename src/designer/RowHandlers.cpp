@@ -43,25 +43,25 @@ RowHandlers::RowHandlers(MenuDocument& document, UserPrompts& prompts, PageView&
 
 void RowHandlers::connectRow(int index)
 {
-    Row& row = m_rows[static_cast<std::size_t>(index)];
-    row.Linhas = rowControl<QLineEdit>(m_page, "Linhas", index);
-    row.Price = rowControl<QLineEdit>(m_page, "Price", index);
-    row.LinhasVerso = rowControl<QLineEdit>(m_page, "LinhasVerso", index);
-    row.Command12 = rowControl<QToolButton>(m_page, "Command12", index);
+    Row& row = rowAt(index);
+    row.frontText = rowControl<QLineEdit>(m_page, "Linhas", index);
+    row.price = rowControl<QLineEdit>(m_page, "Price", index);
+    row.backText = rowControl<QLineEdit>(m_page, "LinhasVerso", index);
+    row.bindProduct = rowControl<QToolButton>(m_page, "Command12", index);
     // Only what the user types counts: the page's redraw sets the same boxes.
-    connect(row.Linhas, &QLineEdit::textEdited, this, [this, index] { Linhas_Change(index); });
-    connect(row.Price, &QLineEdit::textEdited, this, [this, index] { Price_Change(index); });
-    connect(row.LinhasVerso, &QLineEdit::textEdited, this, [this, index] { LinhasVerso_Change(index); });
-    connect(row.Command12, &QToolButton::clicked, this, [this, index] { Command12_Click(index); });
-    row.Linhas->installEventFilter(this);
-    row.LinhasVerso->installEventFilter(this);
+    connect(row.frontText, &QLineEdit::textEdited, this, [this, index] { Linhas_Change(index); });
+    connect(row.price, &QLineEdit::textEdited, this, [this, index] { Price_Change(index); });
+    connect(row.backText, &QLineEdit::textEdited, this, [this, index] { LinhasVerso_Change(index); });
+    connect(row.bindProduct, &QToolButton::clicked, this, [this, index] { Command12_Click(index); });
+    row.frontText->installEventFilter(this);
+    row.backText->installEventFilter(this);
 }
 
 bool RowHandlers::eventFilter(QObject* watched, QEvent* event)
 {
     for (int index = 0; index < PageView::Rows; ++index) {
-        const Row& row = m_rows[static_cast<std::size_t>(index)];
-        if (watched == row.Linhas) {
+        const Row& row = rowAt(index);
+        if (watched == row.frontText) {
             switch (event->type()) {
             case QEvent::FocusOut:
                 Linhas_LostFocus(index);
@@ -79,7 +79,7 @@ bool RowHandlers::eventFilter(QObject* watched, QEvent* event)
                     return true;
                 }
             }
-        } else if (watched == row.LinhasVerso
+        } else if (watched == row.backText
             && (event->type() == QEvent::MouseButtonDblClick || isEnterPress(event))) {
             LinhasVerso_DblClick(index);
             return true;
@@ -95,7 +95,7 @@ int RowHandlers::slotOf(int row) const
 
 QString RowHandlers::tagOf(int row) const
 {
-    return m_rows[static_cast<std::size_t>(row)].Linhas->property("tag").toString();
+    return rowAt(row).frontText->property("tag").toString();
 }
 
 // Typing in one box is one change to undo, from the first key to leaving the box.
@@ -106,7 +106,7 @@ void RowHandlers::nameTyping(const QLineEdit* box)
 
 void RowHandlers::Linhas_Change(int row)
 {
-    nameTyping(m_rows[static_cast<std::size_t>(row)].Linhas);
+    nameTyping(rowAt(row).frontText);
     guarded([&] {
         const QString tag = tagOf(row);
         if (isBlankTag(tag)) {
@@ -114,7 +114,7 @@ void RowHandlers::Linhas_Change(int row)
         }
         PluRecord& plu = m_document.Plus[positionOfTag(tag)];
         const QString oldDescription = plu.Description;
-        plu.Description = m_rows[static_cast<std::size_t>(row)].Linhas->text();
+        plu.Description = rowAt(row).frontText->text();
         m_catalogue.renameEntry(NumberText::int32Value(plu.Code), plu.Description);
         m_modifiers.renameProductEntries(oldDescription, plu.Description);
     });
@@ -122,23 +122,23 @@ void RowHandlers::Linhas_Change(int row)
 
 void RowHandlers::Linhas_LostFocus(int row)
 {
-    nameTyping(m_rows[static_cast<std::size_t>(row)].Linhas);
+    nameTyping(rowAt(row).frontText);
     guarded([&] { commit(row); });
 }
 
 void RowHandlers::commit(int row)
 {
-    Row& boxes = m_rows[static_cast<std::size_t>(row)];
-    const CommittedRow committed = commitRow(m_document, slotOf(row), boxes.Linhas->text(), tagOf(row));
-    boxes.Linhas->setProperty("tag", committed.tag);
+    Row& boxes = rowAt(row);
+    const CommittedRow committed = commitRow(m_document, slotOf(row), boxes.frontText->text(), tagOf(row));
+    boxes.frontText->setProperty("tag", committed.tag);
     if (committed.priceChanged) {
-        boxes.Price->setText(committed.price);
+        boxes.price->setText(committed.price);
     }
 }
 
 void RowHandlers::Linhas_Click(int row)
 {
-    guarded([&] { m_catalogue.selectEntryWithText(m_rows[static_cast<std::size_t>(row)].Linhas->text()); });
+    guarded([&] { m_catalogue.selectEntryWithText(rowAt(row).frontText->text()); });
 }
 
 void RowHandlers::Linhas_DblClick(int row)
@@ -157,27 +157,22 @@ void RowHandlers::Linhas_DblClick(int row)
 
 void RowHandlers::LinhasVerso_Change(int row)
 {
-    nameTyping(m_rows[static_cast<std::size_t>(row)].LinhasVerso);
-    guarded([&] {
-        m_document.LineLayouts[slotOf(row)].backText
-            = m_rows[static_cast<std::size_t>(row)].LinhasVerso->text();
-    });
+    nameTyping(rowAt(row).backText);
+    guarded([&] { m_document.LineLayouts[slotOf(row)].backText = rowAt(row).backText->text(); });
 }
 
 void RowHandlers::LinhasVerso_DblClick(int row)
 {
-    guarded([&] {
-        emit groupTitleEditorRequested(row, m_rows[static_cast<std::size_t>(row)].LinhasVerso->text());
-    });
+    guarded([&] { emit groupTitleEditorRequested(row, rowAt(row).backText->text()); });
 }
 
 void RowHandlers::Price_Change(int row)
 {
-    nameTyping(m_rows[static_cast<std::size_t>(row)].Price);
+    nameTyping(rowAt(row).price);
     guarded([&] {
         const QString tag = tagOf(row);
         if (!isBlankTag(tag)) {
-            m_document.Plus[positionOfTag(tag)].Price = m_rows[static_cast<std::size_t>(row)].Price->text();
+            m_document.Plus[positionOfTag(tag)].Price = rowAt(row).price->text();
         }
     });
 }
@@ -196,7 +191,7 @@ void RowHandlers::Command12_Click(int row)
         // Clicking down the page lays out the catalogue's products one after another.
         m_catalogue.selectNextRow();
         if (row + 1 < PageView::Rows) {
-            m_rows[static_cast<std::size_t>(row + 1)].Command12->setFocus();
+            rowAt(row + 1).bindProduct->setFocus();
         }
         m_page.Update_Page();
     });

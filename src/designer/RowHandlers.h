@@ -1,14 +1,15 @@
 #pragma once
 
+#include "document/MenuDocument.h"
 #include "ui/GuardedHandlers.h"
 
 #include <QObject>
 #include <QString>
 
 #include <array>
+#include <cstddef>
 
 class CataloguePanel;
-class MenuDocument;
 class ModifierPanel;
 class PageView;
 class QLineEdit;
@@ -57,11 +58,14 @@ protected:
 private:
     struct Row
     {
-        QLineEdit* Linhas = nullptr;
-        QLineEdit* Price = nullptr;
-        QLineEdit* LinhasVerso = nullptr;
-        QToolButton* Command12 = nullptr;
+        QLineEdit* frontText = nullptr;
+        QLineEdit* price = nullptr;
+        QLineEdit* backText = nullptr;
+        QToolButton* bindProduct = nullptr;
     };
+
+    Row& rowAt(int row) { return m_rows[static_cast<std::size_t>(row)]; }
+    const Row& rowAt(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
 
     void connectRow(int index);
     static void nameTyping(const QLineEdit* box);
@@ -73,5 +77,5 @@ private:
     PageView& m_page;
     CataloguePanel& m_catalogue;
     ModifierPanel& m_modifiers;
-    std::array<Row, 24> m_rows;
+    std::array<Row, Limits::RowsPerPage> m_rows;
 };

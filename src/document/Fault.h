@@ -3,6 +3,7 @@
 #include <QString>
 
 #include <exception>
+#include <utility>
 
 // A fault ends the event handler that raised it; the handler guard shows its message and the program
 // keeps running with everything already stored left in place.

@@ -2,6 +2,7 @@
 
 #include "Fault.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <vector>
 

@@ -6,6 +6,8 @@
 
 #include <QDir>
 
+#include <algorithm>
+
 namespace {
 
 qsizetype lastSeparator(const QString& path)

@@ -38,19 +38,19 @@ ReceptionWindow::ReceptionWindow(RadioLink& link, UserPrompts& prompts, QWidget*
     : QDialog(parent)
     , GuardedHandlers(prompts)
     , m_link(link)
-    , m_timer1(new QTimer(this))
+    , m_pollTimer(new QTimer(this))
 {
     setObjectName(QStringLiteral("ReceptionWindow"));
     setWindowTitle(QStringLiteral("Reception mode test"));
     buildControls();
 
-    m_timer1->setObjectName(QStringLiteral("Timer1"));
-    m_timer1->setInterval(OrderReception::PollIntervalMs);
-    connect(m_timer1, &QTimer::timeout, this, &ReceptionWindow::Timer1_Timer);
+    m_pollTimer->setObjectName(QStringLiteral("Timer1"));
+    m_pollTimer->setInterval(OrderReception::PollIntervalMs);
+    connect(m_pollTimer, &QTimer::timeout, this, &ReceptionWindow::Timer1_Timer);
 
-    m_text2->setText(PortSetting::saved());
-    showPortOpen(false);
-    m_text2->setFocus();
+    m_portName->setText(PortSetting::saved());
+    setPortOpen(false);
+    m_portName->setFocus();
 }
 
 void ReceptionWindow::buildControls()
@@ -58,20 +58,20 @@ void ReceptionWindow::buildControls()
     auto* form = new QFormLayout;
     // Port, terminal and table numbers are short: their boxes line up at one width.
     form->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
-    m_text2 = new QLineEdit(this);
-    m_text2->setObjectName(QStringLiteral("Text2"));
+    m_portName = new QLineEdit(this);
+    m_portName->setObjectName(QStringLiteral("Text2"));
     auto* portRow = new QHBoxLayout;
-    portRow->addWidget(m_text2);
-    m_command1 = addButton(
+    portRow->addWidget(m_portName);
+    m_openPortButton = addButton(
         QStringLiteral("Command1"), QStringLiteral("&Open Com Port"), &ReceptionWindow::Command1_Click);
-    m_command2 = addButton(
+    m_closePortButton = addButton(
         QStringLiteral("Command2"), QStringLiteral("C&lose Com Port"), &ReceptionWindow::Command2_Click);
-    portRow->addWidget(m_command1);
-    portRow->addWidget(m_command2);
+    portRow->addWidget(m_openPortButton);
+    portRow->addWidget(m_closePortButton);
     portRow->addStretch();
     // The mnemonics sit where they split no kerning pair: a split one draws the label wider than its size.
     auto* portLabel = new QLabel(QStringLiteral("&ComPort"), this);
-    portLabel->setBuddy(m_text2);
+    portLabel->setBuddy(m_portName);
     form->addRow(portLabel, portRow);
     m_terminalNo = addField(form, QStringLiteral("TerminalNo"), QStringLiteral("Terminal &Number"), this);
     m_table = addField(form, QStringLiteral("Table"), QStringLiteral("Ta&ble"), this);
@@ -81,18 +81,18 @@ void ReceptionWindow::buildControls()
     line1->setFrameShape(QFrame::HLine);
     line1->setFrameShadow(QFrame::Sunken);
 
-    m_plist = new QPlainTextEdit(this);
-    m_plist->setObjectName(QStringLiteral("Plist"));
-    m_plist->setReadOnly(true);
-    m_plist->setTabChangesFocus(true);
-    m_plist->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_productList = new QPlainTextEdit(this);
+    m_productList->setObjectName(QStringLiteral("Plist"));
+    m_productList->setReadOnly(true);
+    m_productList->setTabChangesFocus(true);
+    m_productList->setLineWrapMode(QPlainTextEdit::NoWrap);
     // The columns line up only in a fixed-pitch font; where Courier New is missing, another one stands in.
     QFont courier(QStringLiteral("Courier New"));
     courier.setStyleHint(QFont::TypeWriter);
     courier.setFixedPitch(true);
-    m_plist->setFont(courier);
-    const QFontMetrics metrics = m_plist->fontMetrics();
-    m_plist->setMinimumSize(
+    m_productList->setFont(courier);
+    const QFontMetrics metrics = m_productList->fontMetrics();
+    m_productList->setMinimumSize(
         metrics.horizontalAdvance(QString(ListColumns, u'0')), metrics.lineSpacing() * ListRows);
 
     auto* closeRow = new QHBoxLayout;
@@ -103,9 +103,9 @@ void ReceptionWindow::buildControls()
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(form);
     layout->addWidget(line1);
-    layout->addWidget(m_plist, 1);
+    layout->addWidget(m_productList, 1);
     layout->addLayout(closeRow);
-    m_command1->setDefault(true);
+    m_openPortButton->setDefault(true);
 }
 
 QPushButton* ReceptionWindow::addButton(
@@ -120,9 +120,9 @@ QPushButton* ReceptionWindow::addButton(
 void ReceptionWindow::Command1_Click()
 {
     guarded([this] {
-        if (OrderReception::openPort(m_link, m_text2->text())) {
-            showPortOpen(true);
-            m_timer1->start();
+        if (OrderReception::openPort(m_link, m_portName->text())) {
+            setPortOpen(true);
+            m_pollTimer->start();
         }
     });
 }
@@ -151,34 +151,35 @@ void ReceptionWindow::closeEvent(QCloseEvent* event)
 // Whether or not the port was opened: the library is told to close it all the same.
 void ReceptionWindow::closePort()
 {
-    showPortOpen(false);
-    m_timer1->stop();
+    setPortOpen(false);
+    m_pollTimer->stop();
     m_link.radio_close();
 }
 
-// The enabled state of Close Com Port is the only record of an open port.
-void ReceptionWindow::showPortOpen(bool open)
+// The buttons show the state: only the one that changes it can be clicked.
+void ReceptionWindow::setPortOpen(bool open)
 {
-    m_command2->setEnabled(open);
-    m_command1->setEnabled(!open);
-    (open ? m_command2 : m_command1)->setFocus();
+    m_portOpen = open;
+    m_closePortButton->setEnabled(open);
+    m_openPortButton->setEnabled(!open);
+    (open ? m_closePortButton : m_openPortButton)->setFocus();
 }
 
 void ReceptionWindow::Timer1_Timer()
 {
     // No call may come between the calls of a transmission session.
-    if (!m_command2->isEnabled() || TransmissionSession::running()) {
+    if (!m_portOpen || TransmissionSession::running()) {
         return;
     }
     // A message box runs its own event loop: ticks wait for it, so faults cannot pile up.
-    m_timer1->stop();
+    m_pollTimer->stop();
     guarded([this] {
         if (const auto order = OrderReception::receiveOrder(m_link)) {
             showOrder(*order);
         }
     });
-    if (m_command2->isEnabled()) {
-        m_timer1->start();
+    if (m_portOpen) {
+        m_pollTimer->start();
     }
 }
 
@@ -186,5 +187,5 @@ void ReceptionWindow::showOrder(const OrderReception::ReceivedOrder& order)
 {
     m_terminalNo->setText(QString::number(order.terminal));
     m_table->setText(QString::number(order.table));
-    m_plist->setPlainText(OrderReception::productListText(order));
+    m_productList->setPlainText(OrderReception::productListText(order));
 }

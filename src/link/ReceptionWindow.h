@@ -15,8 +15,8 @@ struct ReceivedOrder;
 }
 
 // "Reception mode test": opens the radio link's port for listening and shows each order that a
-// terminal sends, its terminal, table and products. The port is open exactly while "Close Com Port"
-// is enabled; closing the window, however it is closed, closes the port too.
+// terminal sends, its terminal, table and products. While the port is open only "Close Com Port" is
+// enabled; closing the window, however it is closed, closes the port too.
 class ReceptionWindow : public QDialog, private GuardedHandlers
 {
     Q_OBJECT
@@ -40,15 +40,16 @@ private:
     void buildControls();
     QPushButton* addButton(const QString& name, const QString& caption, void (ReceptionWindow::*handler)());
     void closePort();
-    void showPortOpen(bool open);
+    void setPortOpen(bool open);
     void showOrder(const OrderReception::ReceivedOrder& order);
 
     RadioLink& m_link;
-    QLineEdit* m_text2 = nullptr;
-    QPushButton* m_command1 = nullptr;
-    QPushButton* m_command2 = nullptr;
-    QTimer* m_timer1 = nullptr;
+    bool m_portOpen = false;
+    QLineEdit* m_portName = nullptr;
+    QPushButton* m_openPortButton = nullptr;
+    QPushButton* m_closePortButton = nullptr;
+    QTimer* m_pollTimer = nullptr;
     QLineEdit* m_terminalNo = nullptr;
     QLineEdit* m_table = nullptr;
-    QPlainTextEdit* m_plist = nullptr;
+    QPlainTextEdit* m_productList = nullptr;
 };

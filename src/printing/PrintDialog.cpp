@@ -81,9 +81,9 @@ QLayout* PrintDialog::buildPageChoices()
     const QString captions[] = { QStringLiteral("Print &current page"), QStringLiteral("Print &all pages"),
         QStringLiteral("Print all &front pages"), QStringLiteral("Print all &back pages") };
     auto* column = new QVBoxLayout;
-    for (std::size_t i = 0; i < m_options.size(); ++i) {
-        m_options[i] = named(new QRadioButton(captions[i], this), QStringLiteral("Option%1").arg(i + 1));
-        column->addWidget(m_options[i]);
+    for (std::size_t i = 0; i < m_pageChoices.size(); ++i) {
+        m_pageChoices[i] = named(new QRadioButton(captions[i], this), QStringLiteral("Option%1").arg(i + 1));
+        column->addWidget(m_pageChoices[i]);
     }
     return column;
 }
@@ -93,7 +93,7 @@ QWidget* PrintDialog::buildLanguages()
 {
     auto* frame = named(new QGroupBox(QStringLiteral("Language to Print"), this), QStringLiteral("Frame1"));
     auto* column = new QVBoxLayout(frame);
-    for (int i = 0; i < Languages; ++i) {
+    for (int i = 0; i < Limits::LanguageCount; ++i) {
         auto* option = named(new QRadioButton(frame), QStringLiteral("LanguageP_%1").arg(i));
         m_languages[static_cast<std::size_t>(i)] = option;
         column->addWidget(option);
@@ -106,23 +106,23 @@ QWidget* PrintDialog::buildMargins()
 {
     auto* frame = named(new QGroupBox(QStringLiteral("Margins"), this), QStringLiteral("Frame2"));
     auto* form = new QFormLayout(frame);
-    m_text1 = named(new QLineEdit(frame), QStringLiteral("Text1"));
-    m_text2 = named(new QLineEdit(frame), QStringLiteral("Text2"));
-    m_text4 = named(new QLineEdit(frame), QStringLiteral("Text4"));
-    m_text1->setToolTip(
+    m_priceMargin = named(new QLineEdit(frame), QStringLiteral("Text1"));
+    m_textMargin = named(new QLineEdit(frame), QStringLiteral("Text2"));
+    m_lastRowMargin = named(new QLineEdit(frame), QStringLiteral("Text4"));
+    m_priceMargin->setToolTip(
         QStringLiteral("Millimetres from the right edge of the sheet to the end of the prices"));
-    m_text2->setToolTip(QStringLiteral("Millimetres from the left edge of the sheet to the row texts"));
-    m_text4->setToolTip(
+    m_textMargin->setToolTip(QStringLiteral("Millimetres from the left edge of the sheet to the row texts"));
+    m_lastRowMargin->setToolTip(
         QStringLiteral("Millimetres from the top edge of the sheet to the bottom of the last row"));
-    form->addRow(QStringLiteral("Margin X (P&rice)"), m_text1);
-    form->addRow(QStringLiteral("Margin X (&Descr.)"), m_text2);
-    form->addRow(QStringLiteral("Margin &Y"), m_text4);
-    m_check1 = named(new QCheckBox(QStringLiteral("Print &lines"), frame), QStringLiteral("Check1"));
-    form->addRow(m_check1);
-    connect(m_text1, &QLineEdit::textChanged, this, &PrintDialog::Text1_Change);
-    connect(m_text2, &QLineEdit::textChanged, this, &PrintDialog::Text2_Change);
-    connect(m_text4, &QLineEdit::textChanged, this, &PrintDialog::Text4_Change);
-    connect(m_check1, &QCheckBox::clicked, this, &PrintDialog::Check1_Click);
+    form->addRow(QStringLiteral("Margin X (P&rice)"), m_priceMargin);
+    form->addRow(QStringLiteral("Margin X (&Descr.)"), m_textMargin);
+    form->addRow(QStringLiteral("Margin &Y"), m_lastRowMargin);
+    m_printLines = named(new QCheckBox(QStringLiteral("Print &lines"), frame), QStringLiteral("Check1"));
+    form->addRow(m_printLines);
+    connect(m_priceMargin, &QLineEdit::textChanged, this, &PrintDialog::Text1_Change);
+    connect(m_textMargin, &QLineEdit::textChanged, this, &PrintDialog::Text2_Change);
+    connect(m_lastRowMargin, &QLineEdit::textChanged, this, &PrintDialog::Text4_Change);
+    connect(m_printLines, &QCheckBox::clicked, this, &PrintDialog::Check1_Click);
     return frame;
 }
 
@@ -177,16 +177,16 @@ void PrintDialog::load()
 {
     const PrintSettings& print = m_document.PrintSettings;
     {
-        const QSignalBlocker block1(m_text1);
-        const QSignalBlocker block2(m_text2);
-        const QSignalBlocker block4(m_text4);
-        m_text1->setText(marginText(print.Value1));
-        m_text2->setText(marginText(print.Value3));
-        m_text4->setText(marginText(print.Value2));
+        const QSignalBlocker blockPrice(m_priceMargin);
+        const QSignalBlocker blockText(m_textMargin);
+        const QSignalBlocker blockLastRow(m_lastRowMargin);
+        m_priceMargin->setText(marginText(print.Value1));
+        m_textMargin->setText(marginText(print.Value3));
+        m_lastRowMargin->setText(marginText(print.Value2));
     }
-    m_check1->setChecked(print.Value4 == 1);
-    m_options[0]->setChecked(true);
-    for (int i = 0; i < Languages; ++i) {
+    m_printLines->setChecked(print.Value4 == 1);
+    m_pageChoices[0]->setChecked(true);
+    for (int i = 0; i < Limits::LanguageCount; ++i) {
         m_languages[static_cast<std::size_t>(i)]->setText(
             m_document.LanguageTable.at(TextKey::LanguageNames, i + 1));
     }
@@ -236,7 +236,7 @@ void PrintDialog::Text4_Change(const QString& text)
 
 void PrintDialog::Check1_Click()
 {
-    guarded([this] { m_document.PrintSettings.Value4 = m_check1->isChecked() ? 1 : 0; });
+    guarded([this] { m_document.PrintSettings.Value4 = m_printLines->isChecked() ? 1 : 0; });
 }
 
 void PrintDialog::LanguageP_Click(int index)
@@ -281,8 +281,8 @@ void PrintDialog::BrowsePdf_Click()
 Pages PrintDialog::chosenPages() const
 {
     const Pages pages[] = { Pages::Current, Pages::All, Pages::AllFronts, Pages::AllBacks };
-    for (std::size_t i = 0; i < m_options.size(); ++i) {
-        if (m_options[i]->isChecked()) {
+    for (std::size_t i = 0; i < m_pageChoices.size(); ++i) {
+        if (m_pageChoices[i]->isChecked()) {
             return pages[i];
         }
     }
@@ -291,7 +291,7 @@ Pages PrintDialog::chosenPages() const
 
 int PrintDialog::chosenLanguage() const
 {
-    for (int i = 0; i < Languages; ++i) {
+    for (int i = 0; i < Limits::LanguageCount; ++i) {
         if (m_languages[static_cast<std::size_t>(i)]->isChecked()) {
             return i + 1;
         }

@@ -26,8 +26,6 @@ class PrintDialog : public QDialog, private GuardedHandlers
     Q_OBJECT
 
 public:
-    static constexpr int Languages = 5;
-
     // The current page is asked for when printing: it is the one the main window shows then.
     PrintDialog(MenuDocument& document, std::function<int()> currentPage, UserPrompts& prompts,
         QWidget* parent = nullptr);
@@ -64,12 +62,12 @@ private:
 
     MenuDocument& m_document;
     std::function<int()> m_currentPage;
-    std::array<QRadioButton*, 4> m_options {};
-    std::array<QRadioButton*, Languages> m_languages {};
-    QLineEdit* m_text1 = nullptr;
-    QLineEdit* m_text2 = nullptr;
-    QLineEdit* m_text4 = nullptr;
-    QCheckBox* m_check1 = nullptr;
+    std::array<QRadioButton*, 4> m_pageChoices {};
+    std::array<QRadioButton*, Limits::LanguageCount> m_languages {};
+    QLineEdit* m_priceMargin = nullptr;
+    QLineEdit* m_textMargin = nullptr;
+    QLineEdit* m_lastRowMargin = nullptr;
+    QCheckBox* m_printLines = nullptr;
     QComboBox* m_printerName = nullptr;
     QLineEdit* m_pdfFile = nullptr;
     QPushButton* m_browsePdf = nullptr;

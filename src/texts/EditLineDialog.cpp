@@ -80,72 +80,72 @@ void EditLineDialog::buildControls()
 QWidget* EditLineDialog::buildKindArea()
 {
     auto* area = new QWidget(this);
-    m_option1 = named(new QRadioButton(QStringLiteral("PLU Code"), area), QStringLiteral("Option1"));
-    m_option2 = named(new QRadioButton(QStringLiteral("Title"), area), QStringLiteral("Option2"));
-    m_option3 = named(new QRadioButton(QStringLiteral("Note"), area), QStringLiteral("Option3"));
-    for (QRadioButton* option : { m_option1, m_option2, m_option3 }) {
+    m_productKind = named(new QRadioButton(QStringLiteral("PLU Code"), area), QStringLiteral("Option1"));
+    m_titleKind = named(new QRadioButton(QStringLiteral("Title"), area), QStringLiteral("Option2"));
+    m_noteKind = named(new QRadioButton(QStringLiteral("Note"), area), QStringLiteral("Option3"));
+    for (QRadioButton* option : { m_productKind, m_titleKind, m_noteKind }) {
         connect(option, &QRadioButton::clicked, this, &EditLineDialog::Option_Click);
     }
 
-    m_frame1 = named(new QGroupBox(QStringLiteral("PLU Code"), area), QStringLiteral("Frame1"));
-    m_text1 = named(new QLineEdit(m_frame1), QStringLiteral("Text1"));
-    m_text2 = named(new QLineEdit(m_frame1), QStringLiteral("Text2"));
-    auto* codeLayout = new QFormLayout(m_frame1);
-    codeLayout->addRow(QStringLiteral("&Code"), m_text1);
-    codeLayout->addRow(QStringLiteral("&Price"), m_text2);
-    m_label4 = previewLabel(area, QStringLiteral("Label4"));
-    m_label5 = previewLabel(area, QStringLiteral("Label5"));
-    m_frame2 = previewFrame(area, QStringLiteral("Frame2"), QStringLiteral("Title"), m_label4);
-    m_frame3 = previewFrame(area, QStringLiteral("Frame3"), QStringLiteral("Note"), m_label5);
+    m_productFrame = named(new QGroupBox(QStringLiteral("PLU Code"), area), QStringLiteral("Frame1"));
+    m_pluCode = named(new QLineEdit(m_productFrame), QStringLiteral("Text1"));
+    m_price = named(new QLineEdit(m_productFrame), QStringLiteral("Text2"));
+    auto* codeLayout = new QFormLayout(m_productFrame);
+    codeLayout->addRow(QStringLiteral("&Code"), m_pluCode);
+    codeLayout->addRow(QStringLiteral("&Price"), m_price);
+    m_titlePreview = previewLabel(area, QStringLiteral("Label4"));
+    m_notePreview = previewLabel(area, QStringLiteral("Label5"));
+    m_titleFrame = previewFrame(area, QStringLiteral("Frame2"), QStringLiteral("Title"), m_titlePreview);
+    m_noteFrame = previewFrame(area, QStringLiteral("Frame3"), QStringLiteral("Note"), m_notePreview);
     // One frame shows at a time, in the same place.
-    m_frames = new QStackedWidget(area);
-    for (QGroupBox* frame : { m_frame1, m_frame2, m_frame3 }) {
-        m_frames->addWidget(frame);
+    m_kindFrames = new QStackedWidget(area);
+    for (QGroupBox* frame : { m_productFrame, m_titleFrame, m_noteFrame }) {
+        m_kindFrames->addWidget(frame);
     }
 
     auto* options = new QVBoxLayout;
-    options->addWidget(m_option1);
-    options->addWidget(m_option2);
-    options->addWidget(m_option3);
+    options->addWidget(m_productKind);
+    options->addWidget(m_titleKind);
+    options->addWidget(m_noteKind);
     options->addStretch();
     auto* layout = new QHBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addLayout(options);
-    layout->addWidget(m_frames, 1);
+    layout->addWidget(m_kindFrames, 1);
     return area;
 }
 
 QWidget* EditLineDialog::buildColorArea()
 {
     auto* area = new QWidget(this);
-    m_command1
+    m_backColor
         = named(new ColorButton(QStringLiteral("Back Color"), m_prompts, area), QStringLiteral("Command1"));
-    m_command2
+    m_textColor
         = named(new ColorButton(QStringLiteral("Text Color"), m_prompts, area), QStringLiteral("Command2"));
-    m_label1 = previewLabel(area, QStringLiteral("Label1"));
-    m_label1->setAutoFillBackground(true);
-    m_label1->setMargin(4);
-    connect(m_command1, &QPushButton::clicked, this, &EditLineDialog::Command1_Click);
-    connect(m_command2, &QPushButton::clicked, this, &EditLineDialog::Command2_Click);
+    m_colorPreview = previewLabel(area, QStringLiteral("Label1"));
+    m_colorPreview->setAutoFillBackground(true);
+    m_colorPreview->setMargin(4);
+    connect(m_backColor, &QPushButton::clicked, this, &EditLineDialog::Command1_Click);
+    connect(m_textColor, &QPushButton::clicked, this, &EditLineDialog::Command2_Click);
 
     auto* layout = new QHBoxLayout(area);
     layout->setContentsMargins(0, 0, 0, 0);
-    layout->addWidget(m_command1);
-    layout->addWidget(m_command2);
-    layout->addWidget(m_label1, 1);
+    layout->addWidget(m_backColor);
+    layout->addWidget(m_textColor);
+    layout->addWidget(m_colorPreview, 1);
     return area;
 }
 
 void EditLineDialog::load()
 {
     m_start = startOf(m_document, m_opening);
-    m_text1->setText(m_start.code);
-    m_text2->setText(m_start.price);
-    QRadioButton* options[] = { m_option1, m_option2, m_option3 };
+    m_pluCode->setText(m_start.code);
+    m_price->setText(m_start.price);
+    QRadioButton* options[] = { m_productKind, m_titleKind, m_noteKind };
     options[m_start.kind - 1]->setChecked(true);
     // A colour belongs to a line: an empty row gets none.
-    m_command1->setEnabled(m_start.holdsLine);
-    m_command2->setEnabled(m_start.holdsLine);
+    m_backColor->setEnabled(m_start.holdsLine);
+    m_textColor->setEnabled(m_start.holdsLine);
 
     LanguageArea::Texts texts;
     texts[0] = m_start.mainText;
@@ -154,7 +154,7 @@ void EditLineDialog::load()
         texts[static_cast<std::size_t>(row)] = m_document.LanguageTable.at(key, row + 1);
     }
     m_languages->load(texts);
-    connect(m_text1, &QLineEdit::textChanged, this, &EditLineDialog::showLanguageLock);
+    connect(m_pluCode, &QLineEdit::textChanged, this, &EditLineDialog::showLanguageLock);
     Option_Click();
 }
 
@@ -162,7 +162,7 @@ void EditLineDialog::load()
 // change: its texts wait for a code, a title or a note.
 bool EditLineDialog::hasTextsOfItsOwn() const
 {
-    return textKey(chosenKind(), m_start.slot, m_text1->text()) != TextKey::LanguageNames;
+    return textKey(chosenKind(), m_start.slot, m_pluCode->text()) != TextKey::LanguageNames;
 }
 
 void EditLineDialog::showLanguageLock()
@@ -173,28 +173,28 @@ void EditLineDialog::showLanguageLock()
 
 std::int32_t EditLineDialog::chosenKind() const
 {
-    if (m_option2->isChecked()) {
+    if (m_titleKind->isChecked()) {
         return TitleLine;
     }
-    return m_option3->isChecked() ? NoteLine : ProductLine;
+    return m_noteKind->isChecked() ? NoteLine : ProductLine;
 }
 
 QString EditLineDialog::previewText() const
 {
     switch (chosenKind()) {
     case TitleLine:
-        return m_label4->text();
+        return m_titlePreview->text();
     case NoteLine:
-        return m_label5->text();
+        return m_notePreview->text();
     default:
-        return m_label1->text();
+        return m_colorPreview->text();
     }
 }
 
 void EditLineDialog::Option_Click()
 {
-    QGroupBox* frames[] = { m_frame1, m_frame2, m_frame3 };
-    m_frames->setCurrentWidget(frames[chosenKind() - 1]);
+    QGroupBox* frames[] = { m_productFrame, m_titleFrame, m_noteFrame };
+    m_kindFrames->setCurrentWidget(frames[chosenKind() - 1]);
     showLanguageLock();
     showPreviews();
     showColors();
@@ -205,10 +205,10 @@ void EditLineDialog::Option_Click()
 void EditLineDialog::showPreviews()
 {
     const QString text = m_languages->text(0);
-    m_label1->setText(text);
+    m_colorPreview->setText(text);
     if (m_start.holdsLine) {
-        m_label4->setText(text);
-        m_label5->setText(text);
+        m_titlePreview->setText(text);
+        m_notePreview->setText(text);
     }
 }
 
@@ -219,24 +219,24 @@ void EditLineDialog::showColors()
     const LineLayout& line = m_document.LineLayouts[m_start.slot];
     const PrintSettings& defaults = m_document.PrintSettings;
     const int index = defaultColorIndex(chosenKind());
-    m_command1->setColorNumber(
+    m_backColor->setColorNumber(
         PageRendering::colorNumber(GetColor(line.backColor, defaults.ColorBack[index])));
-    m_command2->setColorNumber(
+    m_textColor->setColorNumber(
         PageRendering::colorNumber(GetColor(line.foreColor, defaults.ColorFore[index])));
-    QPalette colors = m_label1->palette();
-    colors.setColor(QPalette::Window, colorOfNumber(m_command1->colorNumber()));
-    colors.setColor(QPalette::WindowText, colorOfNumber(m_command2->colorNumber()));
-    m_label1->setPalette(colors);
+    QPalette colors = m_colorPreview->palette();
+    colors.setColor(QPalette::Window, colorOfNumber(m_backColor->colorNumber()));
+    colors.setColor(QPalette::WindowText, colorOfNumber(m_textColor->colorNumber()));
+    m_colorPreview->setPalette(colors);
 }
 
 void EditLineDialog::Command1_Click()
 {
-    pickColor(m_command1, &LineLayout::backColor);
+    pickColor(m_backColor, &LineLayout::backColor);
 }
 
 void EditLineDialog::Command2_Click()
 {
-    pickColor(m_command2, &LineLayout::foreColor);
+    pickColor(m_textColor, &LineLayout::foreColor);
 }
 
 void EditLineDialog::pickColor(ColorButton* button, QString LineLayout::*lineColor)
@@ -254,7 +254,7 @@ void EditLineDialog::Text3_Change(int row, const QString& text)
     guarded([&] {
         const std::int32_t kind = chosenKind();
         if (hasTextsOfItsOwn()) {
-            storeText(m_document, textKey(kind, m_start.slot, m_text1->text()), row, text);
+            storeText(m_document, textKey(kind, m_start.slot, m_pluCode->text()), row, text);
         }
         if (row != 0) {
             return;
@@ -262,7 +262,7 @@ void EditLineDialog::Text3_Change(int row, const QString& text)
         showPreviews();
         // The PLU list shows the first language only.
         if (kind == ProductLine) {
-            m_catalogue.renameEntry(NumberText::int32Value(m_text1->text()), text);
+            m_catalogue.renameEntry(NumberText::int32Value(m_pluCode->text()), text);
         }
     });
 }
@@ -277,8 +277,8 @@ void EditLineDialog::done(int result)
 {
     guarded([this] {
         writeBack(m_document,
-            { m_start.slot, m_start.holdsLine, chosenKind(), m_text1->text(), m_text2->text(), previewText(),
-                m_opening.tag, m_opening.selectedEntryText });
+            { m_start.slot, m_start.holdsLine, chosenKind(), m_pluCode->text(), m_price->text(),
+                previewText(), m_opening.tag, m_opening.selectedEntryText });
     });
     QDialog::done(result);
 }

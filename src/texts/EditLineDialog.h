@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <cstdint>
+
 class CataloguePanel;
 class ColorButton;
 class LanguageArea;
@@ -58,20 +60,20 @@ private:
     LineEditing::Opening m_opening;
     LineEditing::Start m_start;
     CataloguePanel& m_catalogue;
-    QRadioButton* m_option1 = nullptr;
-    QRadioButton* m_option2 = nullptr;
-    QRadioButton* m_option3 = nullptr;
-    QStackedWidget* m_frames = nullptr;
-    QGroupBox* m_frame1 = nullptr;
-    QGroupBox* m_frame2 = nullptr;
-    QGroupBox* m_frame3 = nullptr;
-    QLineEdit* m_text1 = nullptr;
-    QLineEdit* m_text2 = nullptr;
-    QLabel* m_label4 = nullptr;
-    QLabel* m_label5 = nullptr;
-    ColorButton* m_command1 = nullptr;
-    ColorButton* m_command2 = nullptr;
-    QLabel* m_label1 = nullptr;
+    QRadioButton* m_productKind = nullptr;
+    QRadioButton* m_titleKind = nullptr;
+    QRadioButton* m_noteKind = nullptr;
+    QStackedWidget* m_kindFrames = nullptr;
+    QGroupBox* m_productFrame = nullptr;
+    QGroupBox* m_titleFrame = nullptr;
+    QGroupBox* m_noteFrame = nullptr;
+    QLineEdit* m_pluCode = nullptr;
+    QLineEdit* m_price = nullptr;
+    QLabel* m_titlePreview = nullptr;
+    QLabel* m_notePreview = nullptr;
+    ColorButton* m_backColor = nullptr;
+    ColorButton* m_textColor = nullptr;
+    QLabel* m_colorPreview = nullptr;
     LanguageArea* m_languages = nullptr;
     bool m_writtenBack = false;
 };

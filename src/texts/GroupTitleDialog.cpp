@@ -37,17 +37,17 @@ GroupTitleDialog::GroupTitleDialog(MenuDocument& document, int page, int row, co
 
 void GroupTitleDialog::buildControls()
 {
-    m_label1 = named(new QLabel(this), QStringLiteral("Label1"));
-    m_label1->setTextFormat(Qt::PlainText);
-    m_label1->setAutoFillBackground(true);
-    m_label1->setMinimumHeight(32);
-    m_label1->setMargin(6);
+    m_titlePreview = named(new QLabel(this), QStringLiteral("Label1"));
+    m_titlePreview->setTextFormat(Qt::PlainText);
+    m_titlePreview->setAutoFillBackground(true);
+    m_titlePreview->setMinimumHeight(32);
+    m_titlePreview->setMargin(6);
     m_visibleOnLeft = new QCheckBox(QStringLiteral("Visible on left page also."), this);
     m_visibleOnLeft->setObjectName(QStringLiteral("VisibleOnLeft"));
     connect(m_languages, &LanguageArea::textChanged, this, &GroupTitleDialog::Text3_Change);
 
     auto* layout = new QVBoxLayout(this);
-    layout->addWidget(m_label1);
+    layout->addWidget(m_titlePreview);
     layout->addLayout(buildColorRows());
     layout->addWidget(m_visibleOnLeft);
     layout->addWidget(m_languages);
@@ -56,26 +56,27 @@ void GroupTitleDialog::buildControls()
 
 QLayout* GroupTitleDialog::buildColorRows()
 {
-    m_command2 = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command2"));
-    m_command1 = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command1"));
-    m_text1 = named(new QLineEdit(this), QStringLiteral("Text1"));
+    m_textColor = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command2"));
+    m_backColor = named(new ColorButton(QString(), m_prompts, this), QStringLiteral("Command1"));
+    m_picturePath = named(new QLineEdit(this), QStringLiteral("Text1"));
     // The picture is chosen with Browse, which also stores it.
-    m_text1->setReadOnly(true);
+    m_picturePath->setReadOnly(true);
     auto* browse = commandButton(this, QStringLiteral("Command5"), QStringLiteral("Browse"));
-    connect(m_command1, &QPushButton::clicked, this, &GroupTitleDialog::Command1_Click);
-    connect(m_command2, &QPushButton::clicked, this, &GroupTitleDialog::Command2_Click);
+    connect(m_backColor, &QPushButton::clicked, this, &GroupTitleDialog::Command1_Click);
+    connect(m_textColor, &QPushButton::clicked, this, &GroupTitleDialog::Command2_Click);
     connect(browse, &QPushButton::clicked, this, &GroupTitleDialog::Command5_Click);
 
     auto* grid = new QGridLayout;
     grid->addWidget(
-        buddyLabel(this, QStringLiteral("Label2"), QStringLiteral("Text Color"), m_command2), 0, 0);
-    grid->addWidget(m_command2, 0, 1, Qt::AlignLeft);
+        buddyLabel(this, QStringLiteral("Label2"), QStringLiteral("Text Color"), m_textColor), 0, 0);
+    grid->addWidget(m_textColor, 0, 1, Qt::AlignLeft);
     grid->addWidget(
-        buddyLabel(this, QStringLiteral("Label3"), QStringLiteral("Back Color"), m_command1), 1, 0);
-    grid->addWidget(m_command1, 1, 1, Qt::AlignLeft);
+        buddyLabel(this, QStringLiteral("Label3"), QStringLiteral("Back Color"), m_backColor), 1, 0);
+    grid->addWidget(m_backColor, 1, 1, Qt::AlignLeft);
     grid->addWidget(
-        buddyLabel(this, QStringLiteral("Label4"), QStringLiteral("Background picture"), m_text1), 2, 0);
-    grid->addWidget(m_text1, 2, 1);
+        buddyLabel(this, QStringLiteral("Label4"), QStringLiteral("Background picture"), m_picturePath), 2,
+        0);
+    grid->addWidget(m_picturePath, 2, 1);
     grid->addWidget(browse, 2, 2);
     grid->setColumnStretch(1, 1);
     return grid;
@@ -100,14 +101,14 @@ QLayout* GroupTitleDialog::buildCommandRow()
 
 void GroupTitleDialog::load(const QString& title)
 {
-    m_label1->setText(title);
+    m_titlePreview->setText(title);
     m_visibleOnLeft->setChecked(hasGroupColors(m_document, m_slot));
     fillDefaultGroupColors(m_document, m_slot);
     const LineLayout& line = m_document.LineLayouts[m_slot];
-    m_command1->setColorNumber(PageRendering::colorNumber(line.backBackColor));
-    m_command2->setColorNumber(PageRendering::colorNumber(line.backForeColor));
+    m_backColor->setColorNumber(PageRendering::colorNumber(line.backBackColor));
+    m_textColor->setColorNumber(PageRendering::colorNumber(line.backForeColor));
     showColors();
-    m_text1->setText(line.picturePath);
+    m_picturePath->setText(line.picturePath);
 
     LanguageArea::Texts texts;
     for (int row = 0; row < LanguageArea::Rows; ++row) {
@@ -118,20 +119,20 @@ void GroupTitleDialog::load(const QString& title)
 
 void GroupTitleDialog::showColors()
 {
-    QPalette colors = m_label1->palette();
-    colors.setColor(QPalette::Window, colorOfNumber(m_command1->colorNumber()));
-    colors.setColor(QPalette::WindowText, colorOfNumber(m_command2->colorNumber()));
-    m_label1->setPalette(colors);
+    QPalette colors = m_titlePreview->palette();
+    colors.setColor(QPalette::Window, colorOfNumber(m_backColor->colorNumber()));
+    colors.setColor(QPalette::WindowText, colorOfNumber(m_textColor->colorNumber()));
+    m_titlePreview->setPalette(colors);
 }
 
 void GroupTitleDialog::Command1_Click()
 {
-    pickColor(m_command1, &LineLayout::backBackColor);
+    pickColor(m_backColor, &LineLayout::backBackColor);
 }
 
 void GroupTitleDialog::Command2_Click()
 {
-    pickColor(m_command2, &LineLayout::backForeColor);
+    pickColor(m_textColor, &LineLayout::backForeColor);
 }
 
 // The title's back row takes a group colour only while the box is ticked.
@@ -155,8 +156,8 @@ void GroupTitleDialog::Command5_Click()
         if (path.isEmpty()) {
             return;
         }
-        m_text1->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
-        m_document.LineLayouts[m_slot].picturePath = m_text1->text();
+        m_picturePath->setText(PicturePaths::relativePicturePath(path, m_document.ProjectFolder));
+        m_document.LineLayouts[m_slot].picturePath = m_picturePath->text();
     });
 }
 
@@ -166,7 +167,7 @@ void GroupTitleDialog::Text3_Change(int row, const QString& text)
     guarded([&] {
         storeText(m_document, m_slot, row, text);
         if (row == 0) {
-            m_label1->setText(text);
+            m_titlePreview->setText(text);
         }
     });
 }
@@ -175,8 +176,8 @@ void GroupTitleDialog::Command3_Click()
 {
     const bool done = guarded([this] {
         createGroup(m_document, m_slot,
-            { m_label1->text(), m_command1->colorNumber(), m_command2->colorNumber(), m_text1->text(),
-                m_visibleOnLeft->isChecked() });
+            { m_titlePreview->text(), m_backColor->colorNumber(), m_textColor->colorNumber(),
+                m_picturePath->text(), m_visibleOnLeft->isChecked() });
     });
     if (done) {
         accept();
@@ -185,7 +186,7 @@ void GroupTitleDialog::Command3_Click()
 
 void GroupTitleDialog::Command7_Click()
 {
-    const bool done = guarded([this] { removeGroup(m_document, m_slot, m_label1->text()); });
+    const bool done = guarded([this] { removeGroup(m_document, m_slot, m_titlePreview->text()); });
     if (done) {
         accept();
     }

@@ -44,10 +44,10 @@ private:
 
     MenuDocument& m_document;
     int m_slot;
-    QLabel* m_label1 = nullptr;
-    ColorButton* m_command1 = nullptr;
-    ColorButton* m_command2 = nullptr;
-    QLineEdit* m_text1 = nullptr;
+    QLabel* m_titlePreview = nullptr;
+    ColorButton* m_backColor = nullptr;
+    ColorButton* m_textColor = nullptr;
+    QLineEdit* m_picturePath = nullptr;
     QCheckBox* m_visibleOnLeft = nullptr;
     LanguageArea* m_languages = nullptr;
 };

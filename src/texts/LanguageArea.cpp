@@ -42,15 +42,15 @@ LanguageArea::LanguageArea(MenuDocument& document, UserPrompts& prompts, Transla
     }
     layout->setColumnStretch(1, 1);
 
-    m_check1 = new QCheckBox(QStringLiteral("Edit language names"), this);
-    m_check1->setObjectName(QStringLiteral("Check1"));
+    m_editLanguageNames = new QCheckBox(QStringLiteral("Edit language names"), this);
+    m_editLanguageNames->setObjectName(QStringLiteral("Check1"));
     m_translateAll = new QPushButton(QStringLiteral("Translate All"), this);
     m_translateAll->setObjectName(translateAllName);
     m_translateAll->setAutoDefault(false);
-    layout->addWidget(m_check1, Rows, 0, 1, 2);
+    layout->addWidget(m_editLanguageNames, Rows, 0, 1, 2);
     layout->addWidget(m_translateAll, Rows, 2);
 
-    connect(m_check1, &QCheckBox::toggled, this, &LanguageArea::Check1_Click);
+    connect(m_editLanguageNames, &QCheckBox::toggled, this, &LanguageArea::Check1_Click);
     connect(m_translateAll, &QPushButton::clicked, this, &LanguageArea::TranslateAll_Click);
     Check1_Click();
 }
@@ -123,7 +123,7 @@ QString LanguageArea::languageName(int row) const
 
 void LanguageArea::Check1_Click()
 {
-    const bool unlocked = m_check1->isChecked();
+    const bool unlocked = m_editLanguageNames->isChecked();
     for (const Row& row : m_rows) {
         row.Lingua->setEnabled(unlocked);
     }

@@ -64,6 +64,6 @@ private:
     MenuDocument& m_document;
     Translator& m_translator;
     std::array<Row, Rows> m_rows;
-    QCheckBox* m_check1 = nullptr;
+    QCheckBox* m_editLanguageNames = nullptr;
     QPushButton* m_translateAll = nullptr;
 };

@@ -347,16 +347,6 @@ void WebTranslationClient::DecodeHtmlEntities(QString& text)
     }
 }
 
-QString WebTranslationClient::GetAscwValues(const QString& text)
-{
-    QString codes;
-    for (qsizetype i = 0; i + 1 < text.size(); ++i) {
-        const QChar character = text.at(i);
-        codes += character == u' ' ? QString(character) : u"&%1;"_s.arg(character.unicode());
-    }
-    return codes;
-}
-
 void WebTranslationClient::replaceCharacterCodes(QString& text)
 {
     for (qsizetype start = text.indexOf(u'<'); start >= 0; start = text.indexOf(u'<')) {

@@ -8,6 +8,7 @@
 #include <chrono>
 #include <functional>
 #include <memory>
+#include <utility>
 
 class QNetworkAccessManager;
 
@@ -58,9 +59,6 @@ public:
     // The translated text of a raw result: its entities decoded and its character references turned
     // into characters. Raises TypeFault for a reference that is not a number.
     static QString decodeResult(QString raw);
-
-    // "&65;&66; " style codes for every character but the last; blanks stay as they are.
-    static QString GetAscwValues(const QString& text);
 
     // Turns "<233>" style tokens into their characters. Raises TypeFault for a token that is not a
     // number.

@@ -1,4 +1,5 @@
 #include "app/MainWindow.h"
+#include "designer/PageView.h"
 #include "support/ModalDialogDriver.h"
 #include "support/SampleDocuments.h"
 #include "support/ScriptedPrompts.h"
@@ -85,7 +86,7 @@ void RowHandlersTest::typeAndLeave(QLineEdit* typed, const QString& text, QWidge
 
 void RowHandlersTest::showPage(int page)
 {
-    m_window->findChild<QLabel*>(u"Page"_s)->setText(QString::number(page));
+    m_window->findChild<PageView*>()->setCurrentPage(page);
     m_window->Update_Page();
 }
 

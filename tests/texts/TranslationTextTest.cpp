@@ -90,14 +90,6 @@ TEST(CharacterCodesTest, TokensBecomeTheirCharactersAndOthersAreATypeMismatch)
     EXPECT_THROW(withCharacters(u"<>"_s), TypeFault);
 }
 
-TEST(GetAscwValuesTest, EveryCharacterButTheLastBecomesItsCodeAndBlanksStay)
-{
-    EXPECT_EQ(WebTranslationClient::GetAscwValues(u"AB C"_s), u"&65;&66; "_s);
-    EXPECT_EQ(WebTranslationClient::GetAscwValues(u"\u00e9\u20acx"_s), u"&233;&8364;"_s);
-    EXPECT_EQ(WebTranslationClient::GetAscwValues(u"A"_s), QString());
-    EXPECT_EQ(WebTranslationClient::GetAscwValues(QString()), QString());
-}
-
 TEST(TranslationServiceTest, AnAddressIsASchemeAHostAndAtMostAPort)
 {
     for (const QString& address : { u"http://127.0.0.1:8080"_s, u"https://translate.example"_s,
