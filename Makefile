@@ -49,11 +49,12 @@ test-sanitize: deps
 bench: deps
 	$(CMAKE_CONFIGURE) -S . -B $(BENCH_DIR) -DCMAKE_BUILD_TYPE=Release -DQUORVEL_BENCHMARKS=ON
 	cmake --build $(BENCH_DIR) -j $(JOBS) --target quorvel_bench quorvel_pageview_bench quorvel_pageops_bench \
-	  quorvel_transmission_bench quorvel_import_bench quorvel_undo_bench
+	  quorvel_transmission_bench quorvel_import_bench quorvel_undo_bench quorvel_check_bench
 	$(BENCH_DIR)/bench/quorvel_bench
 	$(BENCH_DIR)/bench/quorvel_pageview_bench
 	$(BENCH_DIR)/bench/quorvel_pageops_bench
 	$(BENCH_DIR)/bench/quorvel_transmission_bench
+	$(BENCH_DIR)/bench/quorvel_check_bench
 	$(BENCH_DIR)/bench/quorvel_import_bench
 	$(BENCH_DIR)/bench/quorvel_undo_bench
 

@@ -9,10 +9,12 @@
 
 #include <QHash>
 #include <QRegularExpression>
-#include <QSet>
 
+#include <algorithm>
 #include <cmath>
 #include <map>
+#include <span>
+#include <vector>
 
 namespace MenuCheck {
 
@@ -44,6 +46,7 @@ public:
         : m_document(document)
         , m_catalogue(document)
     {
+        m_firstWithDescription.reserve(document.PluCount);
         for (int slot = lineSlot(Limits::PageCount, Limits::RowsPerPage - 1); slot >= 0; --slot) {
             if (const std::int32_t plu = document.LinePlu[slot]; plu != 0) {
                 m_firstSlotOf.insert(plu, slot);
@@ -191,40 +194,69 @@ private:
         }
     }
 
+    // Each number and each description held by more than one product, in catalogue order.
     void checkDuplicates()
     {
-        std::map<double, QStringList> byNumber;
-        std::map<QString, QStringList> byDescription;
+        std::vector<std::pair<double, int>> numbers;
+        numbers.reserve(static_cast<std::size_t>(m_document.PluCount));
         for (int i = 0; i < m_document.PluCount; ++i) {
-            const PluRecord& product = m_document.Plus[i];
-            if (const double number = pluNumber(product); number != 0) {
-                byNumber[number].append(product.Description.trimmed());
-            }
-            if (!isBlank(product.Description)) {
-                byDescription[product.Description.trimmed()].append(product.Code.trimmed());
+            if (const double number = pluNumber(m_document.Plus[i]); number != 0) {
+                numbers.emplace_back(number, i);
             }
         }
-        for (const auto& [number, descriptions] : byNumber) {
-            if (descriptions.size() > 1) {
-                const QString code = QString::number(number, 'g', 15);
-                add(QStringLiteral("duplicate-code"),
-                    m_firstSlotOf.value(static_cast<std::int32_t>(number), -1), code,
-                    QStringLiteral("PLU %1 is held by %2 products: %3")
-                        .arg(code)
-                        .arg(descriptions.size())
-                        .arg(descriptions.join(QStringLiteral(", "))));
+        std::sort(numbers.begin(), numbers.end());
+        for (auto first = numbers.begin(); first != numbers.end();) {
+            const auto next
+                = std::find_if(first, numbers.end(), [&](const auto& n) { return n.first != first->first; });
+            if (next - first > 1) {
+                reportDuplicateCode(first->first, { first, next });
+            }
+            first = next;
+        }
+        std::map<int, QList<int>> sharing; // first product of a description, the others
+        for (int i = 0; i < m_document.PluCount; ++i) {
+            const QString& description = m_document.Plus[i].Description;
+            if (isBlank(description)) {
+                continue;
+            }
+            if (const auto first = m_firstWithDescription.constFind(description);
+                first != m_firstWithDescription.cend()) {
+                sharing[first.value()].append(i);
+            } else {
+                m_firstWithDescription.insert(description, i);
             }
         }
-        for (const auto& [description, codes] : byDescription) {
-            if (codes.size() > 1) {
-                add(QStringLiteral("duplicate-description"), -1, codes.first(),
-                    QStringLiteral(
-                        "\"%1\" describes %2 products (PLU %3): their modifiers cannot be told apart")
-                        .arg(description)
-                        .arg(codes.size())
-                        .arg(codes.join(QStringLiteral(", "))));
-            }
+        for (const auto& [first, others] : sharing) {
+            reportDuplicateDescription(first, others);
         }
+    }
+
+    void reportDuplicateCode(double number, std::span<const std::pair<double, int>> holders)
+    {
+        QStringList descriptions;
+        for (const auto& holder : holders) {
+            descriptions.append(m_document.Plus[holder.second].Description.trimmed());
+        }
+        const QString code = QString::number(number, 'g', 15);
+        add(QStringLiteral("duplicate-code"), m_firstSlotOf.value(static_cast<std::int32_t>(number), -1),
+            code,
+            QStringLiteral("PLU %1 is held by %2 products: %3")
+                .arg(code)
+                .arg(descriptions.size())
+                .arg(descriptions.join(QStringLiteral(", "))));
+    }
+
+    void reportDuplicateDescription(int first, const QList<int>& others)
+    {
+        QStringList codes { m_document.Plus[first].Code.trimmed() };
+        for (const int other : others) {
+            codes.append(m_document.Plus[other].Code.trimmed());
+        }
+        add(QStringLiteral("duplicate-description"), -1, codes.first(),
+            QStringLiteral("\"%1\" describes %2 products (PLU %3): their modifiers cannot be told apart")
+                .arg(m_document.Plus[first].Description.trimmed())
+                .arg(codes.size())
+                .arg(codes.join(QStringLiteral(", "))));
     }
 
     void checkModifiers()
@@ -233,13 +265,9 @@ private:
         for (int i = 0; i < m_document.ModifierListCount; ++i) {
             lists.insert(m_document.ModifierLists[i].Name, &m_document.ModifierLists[i]);
         }
-        QSet<QString> descriptions;
-        for (int i = 0; i < m_document.PluCount; ++i) {
-            descriptions.insert(m_document.Plus[i].Description);
-        }
         for (int a = 0; a < m_document.AssignmentCount; ++a) {
             const ModifierAssignment& assignment = m_document.Assignments[a];
-            if (!descriptions.contains(assignment.Key)) {
+            if (!m_firstWithDescription.contains(assignment.Key)) {
                 add(QStringLiteral("modifier-limits"), -1, {},
                     QStringLiteral("Modifier lists are attached to \"%1\", which no product is called")
                         .arg(assignment.Key));
@@ -291,6 +319,7 @@ private:
     const MenuDocument& m_document;
     const PluNumberIndex m_catalogue;
     QHash<std::int32_t, int> m_firstSlotOf;
+    QHash<QString, int> m_firstWithDescription; // filled by checkDuplicates
     QList<Problem> m_problems;
 };
 
