@@ -11,6 +11,7 @@
 #include "document/WorkingCopy.h"
 #include "document/WorkingPaths.h"
 #include "link/DravlinkLibrary.h"
+#include "link/MenuCheckWindow.h"
 #include "link/ReceptionWindow.h"
 #include "link/RunShell.h"
 #include "link/SendDialog.h"
@@ -185,6 +186,8 @@ void MainWindow::buildMenuBar()
         &MainWindow::TranslationService_Click);
     addMenuItem(file, QStringLiteral("TestTranslation"), QStringLiteral("T&est Translation..."),
         &MainWindow::TestTranslation_Click);
+    addMenuItem(file, QStringLiteral("CheckMenu"), QStringLiteral("Check &Menu"),
+        &MainWindow::CheckMenu_Click, Qt::Key_F7);
     file->addSeparator();
     addMenuItem(
         file, QStringLiteral("Exit"), QStringLiteral("E&xit"), &MainWindow::Exit_Click, QKeySequence::Quit);
@@ -341,7 +344,7 @@ void MainWindow::startNewDocument()
     m_history.keepFiles(WorkingPaths::workingFolder(), keepIn, Project::clear(m_document, keepIn));
     m_pageView->setCurrentPage(1);
     m_pageView->Update_Page();
-    m_pageView->focusFirstRow();
+    m_pageView->focusRow(0);
 }
 
 // Runs one import with the designer's New; the lists are rebuilt when the catalogue was replaced.
@@ -431,7 +434,51 @@ void MainWindow::SendAll_Click()
         if (!showSaveOutcome(failures, Asking::Always)) {
             return;
         }
-        showOnce(m_sendDialog, [this] { return new SendDialog(m_document, *m_link, m_prompts, this); });
+        // What the terminals would get wrong is shown first, with the choice to send anyway.
+        if (checkWindow()->refresh(true) > 0) {
+            showOnce(m_checkWindow, [this] { return checkWindow(); });
+            return;
+        }
+        openSendDialog();
+    });
+}
+
+void MainWindow::openSendDialog()
+{
+    showOnce(m_sendDialog, [this] { return new SendDialog(m_document, *m_link, m_prompts, this); });
+}
+
+void MainWindow::CheckMenu_Click()
+{
+    guarded([this] {
+        checkWindow()->refresh(false);
+        showOnce(m_checkWindow, [this] { return checkWindow(); });
+    });
+}
+
+MenuCheckWindow* MainWindow::checkWindow()
+{
+    if (!m_checkWindow) {
+        m_checkWindow = new MenuCheckWindow(m_document, this);
+        m_checkWindow->setAttribute(Qt::WA_DeleteOnClose);
+        connect(m_checkWindow, &MenuCheckWindow::rowRequested, this, &MainWindow::showRow);
+        connect(m_checkWindow, &MenuCheckWindow::sendAnywayRequested, this,
+            [this] { guarded([this] { openSendDialog(); }); });
+    }
+    return m_checkWindow;
+}
+
+// A row named by the menu check, as the user counts pages and rows: from 1.
+void MainWindow::showRow(int page, int row)
+{
+    guarded([&] {
+        HandlerGuard::keepOutOfHistory();
+        m_pageView->setCurrentPage(page);
+        Update_Page();
+        if (row > 0) {
+            m_pageView->focusRow(row - 1);
+        }
+        activateWindow();
     });
 }
 

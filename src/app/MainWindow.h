@@ -13,6 +13,7 @@
 #include <memory>
 
 class CataloguePanel;
+class MenuCheckWindow;
 class ModifierPanel;
 class PageView;
 class QAction;
@@ -57,6 +58,7 @@ public slots:
     void EditUndo_Click();
     void EditRedo_Click();
     void SendAll_Click();
+    void CheckMenu_Click();
     void Print_Click();
     void Colors_Click();
     // Runs the firmware upgrade tool beside the designer and waits for it to end.
@@ -97,6 +99,9 @@ private:
     void handlerEnded(const HandlerGuard::Change& change) override;
     void updateUndoActions();
     void closeOtherWindows();
+    MenuCheckWindow* checkWindow();
+    void openSendDialog();
+    void showRow(int page, int row);
 
     template<typename Window, typename Make>
     void showOnce(QPointer<Window>& window, Make&& make);
@@ -108,6 +113,7 @@ private:
     QAction* m_upgradeFirmware = nullptr;
     std::unique_ptr<RadioLink> m_link;
     QPointer<SendDialog> m_sendDialog;
+    QPointer<MenuCheckWindow> m_checkWindow;
     QPointer<ReceptionWindow> m_receptionWindow;
     QTimer* m_autosaveTimer;
     CataloguePanel* m_catalogue = nullptr;

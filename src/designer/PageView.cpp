@@ -246,9 +246,9 @@ QString PageView::frontRowTag(int row) const
     return rowAt(row).frontText->property("tag").toString();
 }
 
-void PageView::focusFirstRow()
+void PageView::focusRow(int row)
 {
-    rowAt(0).frontText->setFocus();
+    rowAt(row).frontText->setFocus();
 }
 
 void PageView::Update_Page()

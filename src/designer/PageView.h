@@ -46,7 +46,8 @@ public:
     // What the front row shows, and the tag of the product on it, as the user left them.
     QString frontRowText(int row) const;
     QString frontRowTag(int row) const;
-    void focusFirstRow();
+    // Puts the keyboard on a row's front text (0 to 23).
+    void focusRow(int row);
 
     QSize sizeHint() const override;
 

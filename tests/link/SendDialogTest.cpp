@@ -1,5 +1,7 @@
 #include "app/MainWindow.h"
+#include "designer/PageView.h"
 #include "link/PortSetting.h"
+#include "support/RequireChild.h"
 #include "support/ScriptedPrompts.h"
 #include "support/SimulatedLink.h"
 #include "support/TestWorkingRoot.h"
@@ -13,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTreeWidget>
 
 #include <memory>
 
@@ -140,9 +143,12 @@ private slots:
     void sendsTheWholeMenuInTheTerminalsOrder();
     void thirteenPagesAndOldFirmwareChangeKeysAndTexts();
     void aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed();
+    void theMenuCheckComesFirstAndShowsTheRowsItNames();
 
 private:
-    QDialog* openSendDialog();
+    QDialog* openSendDialog() { return openSendDialog(*m_window); }
+    static QDialog* openSendDialog(MainWindow& window);
+    QDialog* checkWindow() const { return m_window->findChild<QDialog*>(u"CheckMenu"_s); }
     void clickSend(QDialog* dialog, const QString& port);
 
     std::unique_ptr<TestWorkingRoot> m_root;
@@ -168,10 +174,14 @@ void SendDialogTest::cleanup()
     m_root.reset();
 }
 
-QDialog* SendDialogTest::openSendDialog()
+// The crafted menu holds what the terminals would get wrong, so the menu check comes first.
+QDialog* SendDialogTest::openSendDialog(MainWindow& window)
 {
-    m_window->findChild<QAction*>(u"SendAll"_s)->trigger();
-    return m_window->findChild<QDialog*>(u"SendDialog"_s);
+    window.findChild<QAction*>(u"SendAll"_s)->trigger();
+    if (auto* check = window.findChild<QDialog*>(u"CheckMenu"_s); check && check->isVisible()) {
+        requireChild<QPushButton>(*check, u"SendAnyway"_s)->click();
+    }
+    return window.findChild<QDialog*>(u"SendDialog"_s);
 }
 
 void SendDialogTest::clickSend(QDialog* dialog, const QString& port)
@@ -262,10 +272,34 @@ void SendDialogTest::aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed()
 
     qputenv("QUORVEL_DRAVLINK", QByteArray(m_link->filePath(u"missing/Dravlink"_s).toLocal8Bit()));
     MainWindow otherWindow(*m_prompts);
-    otherWindow.findChild<QAction*>(u"SendAll"_s)->trigger();
-    clickSend(otherWindow.findChild<QDialog*>(u"SendDialog"_s), u"3"_s);
+    clickSend(openSendDialog(otherWindow), u"3"_s);
     QCOMPARE(m_prompts->messages.size(), 1);
     QVERIFY2(m_prompts->messages.first().contains(u"Dravlink"_s), qPrintable(m_prompts->messages.first()));
+}
+
+void SendDialogTest::theMenuCheckComesFirstAndShowsTheRowsItNames()
+{
+    m_window->document().LinePlu[lineSlot(3, 4)] = 9876;
+    m_window->findChild<QAction*>(u"SendAll"_s)->trigger();
+    QDialog* check = checkWindow();
+    QVERIFY(check && check->isVisible());
+    QVERIFY(!m_window->findChild<QDialog*>(u"SendDialog"_s));
+    auto* problems = requireChild<QTreeWidget>(*check, u"Problems"_s);
+    const QList<QTreeWidgetItem*> missing = problems->findItems(u"missing-product"_s, Qt::MatchExactly, 4);
+    QCOMPARE(missing.size(), 1);
+    QCOMPARE(missing.first()->text(0), u"3"_s);
+    QCOMPARE(missing.first()->text(2), u"5"_s);
+
+    // Activating it shows page 3 with row 5 taking the keyboard.
+    emit problems->itemActivated(missing.first(), 0);
+    QCOMPARE(m_window->findChild<PageView*>()->currentPage(), 3);
+    QCOMPARE(m_window->focusWidget(), m_window->findChild<QWidget*>(u"Linhas_4"_s));
+
+    requireChild<QPushButton>(*check, u"Close"_s)->click();
+    QVERIFY(!m_window->findChild<QDialog*>(u"SendDialog"_s));
+    m_window->findChild<QAction*>(u"CheckMenu"_s)->trigger();
+    QVERIFY(checkWindow()->isVisible());
+    QVERIFY(!requireChild<QPushButton>(*checkWindow(), u"SendAnyway"_s)->isVisible());
 }
 
 QTEST_MAIN(SendDialogTest)
