@@ -1,8 +1,7 @@
 #include "app/MainWindow.h"
 #include "link/PortSetting.h"
-#include "support/ScriptedPrompts.h"
 #include "support/SimulatedLink.h"
-#include "support/TestWorkingRoot.h"
+#include "support/WidgetFixture.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -142,53 +141,60 @@ private slots:
     void aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed();
 
 private:
-    QDialog* openSendDialog();
-    void clickSend(QDialog* dialog, const QString& port);
+    // The Send dialog the main window's Send command opens; null, after a warning, when none opens.
+    static QDialog* openSendDialog(MainWindow& window);
+    [[nodiscard]] static bool clickSend(QDialog& dialog, const QString& port);
 
-    std::unique_ptr<TestWorkingRoot> m_root;
     std::unique_ptr<SimulatedLink> m_link;
-    std::unique_ptr<ScriptedPrompts> m_prompts;
-    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowFixture> m_fixture;
+    MainWindow* m_window = nullptr;
+    ScriptedPrompts* m_prompts = nullptr;
 };
 
 void SendDialogTest::init()
 {
-    m_root = std::make_unique<TestWorkingRoot>();
     m_link = std::make_unique<SimulatedLink>();
-    m_prompts = std::make_unique<ScriptedPrompts>();
-    m_window = std::make_unique<MainWindow>(*m_prompts);
-    m_window->show();
+    m_fixture = std::make_unique<WindowFixture>();
+    QVERIFY(m_fixture->startWindow());
+    m_window = m_fixture->window.get();
+    m_prompts = &m_fixture->prompts;
     craftMenu(m_window->document());
 }
 
 void SendDialogTest::cleanup()
 {
-    m_window.reset();
+    m_fixture.reset();
     m_link.reset();
-    m_root.reset();
 }
 
-QDialog* SendDialogTest::openSendDialog()
+QDialog* SendDialogTest::openSendDialog(MainWindow& window)
 {
-    m_window->findChild<QAction*>(u"SendAll"_s)->trigger();
-    return m_window->findChild<QDialog*>(u"SendDialog"_s);
+    QDialog* dialog = nullptr;
+    return trigger(window, u"SendAll"_s) && find(window, u"SendDialog"_s, dialog) ? dialog : nullptr;
 }
 
-void SendDialogTest::clickSend(QDialog* dialog, const QString& port)
+bool SendDialogTest::clickSend(QDialog& dialog, const QString& port)
 {
-    dialog->findChild<QLineEdit*>(u"Text2"_s)->setText(port);
-    QTest::mouseClick(dialog->findChild<QPushButton*>(u"Command1"_s), Qt::LeftButton);
+    QLineEdit* box = nullptr;
+    QPushButton* send = nullptr;
+    if (!find(dialog, u"Text2"_s, box) || !find(dialog, u"Command1"_s, send)) {
+        return false;
+    }
+    box->setText(port);
+    QTest::mouseClick(send, Qt::LeftButton);
+    return true;
 }
 
 void SendDialogTest::sendsTheWholeMenuInTheTerminalsOrder()
 {
-    QDialog* dialog = openSendDialog();
-    QVERIFY(dialog && dialog->isVisible());
+    QDialog* dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QVERIFY(dialog->isVisible());
     QCOMPARE(dialog->windowTitle(), u"Send"_s);
     // The catalogue goes to the working copy first, for the import of the products sent last.
-    QVERIFY(QFile::exists(m_root->workingFile(u"_pludata.txt"_s)));
+    QVERIFY(QFile::exists(m_fixture->root.workingFile(u"_pludata.txt"_s)));
 
-    clickSend(dialog, u"3"_s);
+    QVERIFY(clickSend(*dialog, u"3"_s));
 
     const auto textOf = [](int plu) -> QString {
         switch (plu) {
@@ -217,18 +223,24 @@ void SendDialogTest::sendsTheWholeMenuInTheTerminalsOrder()
 
     dialog->close();
     QVERIFY(QTest::qWaitFor([&] { return !m_window->findChild<QDialog*>(u"SendDialog"_s); }));
-    QCOMPARE(openSendDialog()->findChild<QLineEdit*>(u"Text2"_s)->text(), u"3"_s);
+    dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QCOMPARE(shownText(*dialog, u"Text2"_s), u"3"_s);
     QCOMPARE(m_prompts->messages, QStringList());
 }
 
 void SendDialogTest::thirteenPagesAndOldFirmwareChangeKeysAndTexts()
 {
-    QDialog* dialog = openSendDialog();
-    dialog->findChild<QCheckBox*>(u"Check1"_s)->setChecked(true);
-    QTest::mouseClick(dialog->findChild<QCheckBox*>(u"Check2"_s), Qt::LeftButton);
+    QDialog* dialog = openSendDialog(*m_window);
+    QCheckBox *thirteenPages = nullptr, *oldFirmware = nullptr;
+    QVERIFY(dialog);
+    QVERIFY(find(*dialog, u"Check1"_s, thirteenPages));
+    QVERIFY(find(*dialog, u"Check2"_s, oldFirmware));
+    thirteenPages->setChecked(true);
+    QTest::mouseClick(oldFirmware, Qt::LeftButton);
     QVERIFY(m_window->document().OldFirmware);
 
-    clickSend(dialog, u"3"_s);
+    QVERIFY(clickSend(*dialog, u"3"_s));
 
     const auto textOf = [](int plu) -> QString {
         switch (plu) {
@@ -252,18 +264,20 @@ void SendDialogTest::thirteenPagesAndOldFirmwareChangeKeysAndTexts()
 void SendDialogTest::aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed()
 {
     SimulatedLink::setInitResult(4);
-    QDialog* dialog = openSendDialog();
-    clickSend(dialog, u"3 (COM3)"_s);
+    QDialog* dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QVERIFY(clickSend(*dialog, u"3 (COM3)"_s));
     QCOMPARE(m_link->calls(), QStringList { linkCall("menu_init", { 3, 1, 65535 }) });
     QCOMPARE(dialog->windowTitle(), u"Send"_s);
     QVERIFY(dialog->isVisible());
-    QVERIFY(dialog->findChild<QLabel*>(u"Status"_s)->text().contains(u"nothing was sent"_s));
+    QVERIFY(shownText(*dialog, u"Status"_s).contains(u"nothing was sent"_s));
     QCOMPARE(m_prompts->messages, QStringList());
 
     qputenv("QUORVEL_DRAVLINK", QByteArray(m_link->filePath(u"missing/Dravlink"_s).toLocal8Bit()));
     MainWindow otherWindow(*m_prompts);
-    otherWindow.findChild<QAction*>(u"SendAll"_s)->trigger();
-    clickSend(otherWindow.findChild<QDialog*>(u"SendDialog"_s), u"3"_s);
+    QDialog* otherDialog = openSendDialog(otherWindow);
+    QVERIFY(otherDialog);
+    QVERIFY(clickSend(*otherDialog, u"3"_s));
     QCOMPARE(m_prompts->messages.size(), 1);
     QVERIFY2(m_prompts->messages.first().contains(u"Dravlink"_s), qPrintable(m_prompts->messages.first()));
 }
