@@ -128,6 +128,8 @@ void MainWindowTest::savedMenuComesBackThroughLoadAndTheNextStart()
     window().document() = *original;
     const QString marker = root().path() + u"/summer.QV1"_s;
 
+    QVERIFY(trigger(window(), u"Save"_s)); // cancelled: nothing is written
+    QVERIFY(!QFile::exists(marker));
     prompts().answers = QStringList { marker };
     QVERIFY(trigger(window(), u"Save"_s));
     QCOMPARE(readBytes(marker), QByteArray("OK\r\n"));
@@ -143,8 +145,9 @@ void MainWindowTest::savedMenuComesBackThroughLoadAndTheNextStart()
     QCOMPARE(window().document().PluCount, 0);
     prompts().answers = QStringList { marker };
     QVERIFY(trigger(window(), u"Load"_s));
-    QCOMPARE(prompts().asked, QStringList({ u"save: *.QV1"_s, u"open: *.QV1"_s, u"open: *.QV1"_s }));
-    QCOMPARE(timerStates, QStringList(3, u"held"_s));
+    QCOMPARE(prompts().asked,
+        QStringList({ u"save: *.QV1"_s, u"save: *.QV1"_s, u"open: *.QV1"_s, u"open: *.QV1"_s }));
+    QCOMPARE(timerStates, QStringList(4, u"held"_s));
     QVERIFY(timer->isActive());
     original->FilePrefix = root().path() + u"/summer"_s;
     original->ProjectFolder = root().path() + u'/';
@@ -192,6 +195,7 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     MenuDocument& document = window().document();
     SampleDocuments::addPlu(document, u"101"_s, u"Sopa"_s, u"3.00"_s);
     SampleDocuments::addPlu(document, u"102"_s, u"Bitoque"_s, u"9.50"_s);
+    document.Assignments[document.AssignmentCount++].Key = u"Sopa"_s;
     window().Refresh_Page();
     window().activateWindow();
     QVERIFY(QTest::qWaitForWindowActive(&window()));
@@ -219,10 +223,22 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     row3->setFocus();
     QCOMPARE(document.Plus[2].Price, u"7.00"_s);
 
-    // The binding button lays out the product chosen in the catalogue.
-    products->setCurrentRow(1);
+    // The binding button lays out the product chosen in the catalogue and moves the choice on; typing
+    // over the product renames it in the catalogue too.
+    products->setCurrentRow(0);
     bind->click();
-    QCOMPARE(document.LinePlu[0], 102);
+    QCOMPARE(document.LinePlu[0], 101);
+    QCOMPARE(products->currentRow(), 1);
+    QLineEdit* row0 = nullptr;
+    QVERIFY(find(window(), u"Linhas_0"_s, row0));
+    row0->setFocus();
+    row0->selectAll();
+    QTest::keyClicks(row0, u"Sopa do dia"_s);
+    QCOMPARE(document.Plus[0].Description, u"Sopa do dia"_s);
+    QCOMPARE(products->item(0)->text(), u"Sopa do dia"_s);
+    QListWidget* withModifiers = nullptr;
+    QVERIFY(find(window(), u"List1"_s, withModifiers));
+    QCOMPARE(withModifiers->item(0)->text(), u"Sopa do dia"_s);
 
     // Page Down turns the page from a row; from the catalogue, which keeps the key, with Ctrl.
     row3->setFocus();
@@ -234,7 +250,7 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     QTest::keyClick(products, Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(page->text(), u"3"_s);
 
-    // Enter on a row opens its editor; on a back row, the group title's.
+    // Enter or a double-click on a row opens its editor; on a back row, the group title's.
     QStringList titles;
     ModalDialogDriver driver;
     const auto recordTitle = [&](QDialog& dialog) {
@@ -242,15 +258,19 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
         dialog.close();
     };
     driver.onNextDialog(recordTitle);
-    row2->setFocus();
-    QTest::keyClick(row2, Qt::Key_Return);
+    row0->setFocus();
+    QTest::keyClick(row0, Qt::Key_Return);
     QVERIFY(driver.acted());
     driver.onNextDialog(recordTitle);
-    back9->setText(u"Doces"_s);
+    QTest::mouseDClick(row2, Qt::LeftButton);
+    QVERIFY(driver.acted());
+    driver.onNextDialog(recordTitle);
     back9->setFocus();
+    QTest::keyClicks(back9, u"Doces"_s);
+    QCOMPARE(document.LineLayouts[lineSlot(3, 9)].backText, u"Doces"_s);
     QTest::keyClick(back9, Qt::Key_Enter);
     QVERIFY(driver.acted());
-    QCOMPARE(titles, QStringList({ u"Edit Line"_s, u"Group Title"_s }));
+    QCOMPARE(titles, QStringList({ u"Edit Line"_s, u"Edit Line"_s, u"Group Title"_s }));
 
     // A click on a page side opens its background effects.
     QWidget* back = nullptr;

@@ -122,6 +122,9 @@ void CataloguePanelTest::buttonsFilterFindAddAndDelete()
     search(u"duplo"_s);
     QVERIFY(trigger(*m_panel, u"Command11"_s));
     QCOMPARE(selectedRows(), QList<int>({ 1, 2 }));
+    search(u"nada disto"_s);
+    QVERIFY(trigger(*m_panel, u"Command11"_s));
+    QCOMPARE(selectedRows(), QList<int>({ 1, 2 }));
 
     search(u"Torrada"_s);
     m_prompts.answers = QStringList { u"1001"_s, u"1.80"_s };
@@ -130,7 +133,11 @@ void CataloguePanelTest::buttonsFilterFindAddAndDelete()
     QVERIFY(m_text->text().isEmpty());
     QCOMPARE(listed().last(), u"Torrada"_s);
 
-    // Delete takes the number from every product and the selected entry from the list.
+    // Delete takes the number from every product and the selected entry from the list; with nothing
+    // selected it does nothing.
+    m_list->clearSelection();
+    QVERIFY(trigger(*m_panel, u"Command9"_s));
+    QCOMPARE(m_list->count(), 4);
     m_list->setCurrentRow(3);
     QVERIFY(trigger(*m_panel, u"Command9"_s));
     QCOMPARE(m_document->Plus[0].Code, u"0"_s);

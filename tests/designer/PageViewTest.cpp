@@ -349,19 +349,27 @@ void PageViewTest::pageAndRowButtonsReachThePageOperations()
     QVERIFY(trigger(*m_view, u"Command15"_s));
     QCOMPARE(m_view->currentPage(), 7);
 
-    // The row button asks what to do with the row; "MOVE UP" pulls the rows below over it.
+    // The row button asks what to do with the row: "MOVE UP" pulls the rows below over it, "MOVE DOWN"
+    // makes room, "DELETE" empties it.
     ModalDialogDriver driver;
-    QString title;
-    driver.onNextDialog([&](QDialog& dialog) {
-        title = dialog.windowTitle();
-        QVERIFY(trigger(dialog, u"Command2"_s));
-    });
-    QVERIFY(trigger(*m_view, u"Remove_1"_s));
-    QVERIFY(driver.acted());
-    QVERIFY(!driver.leftOpen());
-    QCOMPARE(title, u"Page 7, row 2"_s);
-    QCOMPARE(m_view->selectedRow(), 1);
+    QStringList titles;
+    const auto useRowDialog = [&](int row, const QString& button) {
+        driver.onNextDialog([&titles, button](QDialog& dialog) {
+            titles.append(dialog.windowTitle());
+            QVERIFY(trigger(dialog, button));
+        });
+        QVERIFY(trigger(*m_view, rowName(u"Remove", row)));
+        QVERIFY(driver.acted());
+        QVERIFY(!driver.leftOpen());
+    };
+    useRowDialog(1, u"Command2"_s);
     QCOMPARE(shown(u"Linhas", 1), u"Product 2"_s);
+    useRowDialog(0, u"Command3"_s);
+    QCOMPARE(shown(u"Linhas", 1), u"Product 0"_s);
+    useRowDialog(1, u"Command1"_s);
+    QCOMPARE(shown(u"Linhas", 1), QString());
+    QCOMPARE(titles, QStringList({ u"Page 7, row 2"_s, u"Page 7, row 1"_s, u"Page 7, row 2"_s }));
+    QCOMPARE(m_view->selectedRow(), 1);
     QVERIFY(m_view->findChildren<QDialog*>().isEmpty());
 
     // A fault in a command is shown and changes nothing.

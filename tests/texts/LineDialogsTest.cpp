@@ -130,8 +130,10 @@ void LineDialogsTest::editLineStoresTextsKindsAndColoursAndClosesOnEnter()
     // Colours are stored at once; without one of its own the line starts from the note's default.
     m_prompts.answers = QStringList { u"255"_s };
     QVERIFY(trigger(*m_editLine, u"Command1"_s));
+    QVERIFY(trigger(*m_editLine, u"Command2"_s)); // cancelled
     QCOMPARE(title.backColor, u"255"_s);
-    QCOMPARE(m_prompts.asked, QStringList { u"color: 15724527"_s });
+    QCOMPARE(title.foreColor, QString());
+    QCOMPARE(m_prompts.asked, QStringList({ u"color: 15724527"_s, u"color: 0"_s }));
 
     // Enter closes from any control, and closing writes the line back.
     QCheckBox* unlock = nullptr;
@@ -158,8 +160,14 @@ void LineDialogsTest::editLineStoresTextsKindsAndColoursAndClosesOnEnter()
 
 void LineDialogsTest::editLineTranslatesFromTheSourceRow()
 {
-    m_document->LanguageTable.at(101, 4) = u"Soup"_s;
     m_document->LineLayouts[0].kind = ProductLine;
+    m_document->LanguageTable.at(101, 3) = u"Minestra"_s;
+    openEditLine({ 1, 0, {}, u"0"_s, u"101"_s, {}, {} });
+    QVERIFY(trigger(*m_editLine, u"Command4_2"_s)); // no text to translate from: the row only empties
+    QVERIFY(m_translator.calls.isEmpty());
+    QCOMPARE(m_document->LanguageTable.at(101, 3), QString());
+
+    m_document->LanguageTable.at(101, 4) = u"Soup"_s;
     openEditLine({ 1, 0, {}, u"0"_s, u"101"_s, {}, {} });
     QVERIFY(trigger(*m_editLine, u"Command4_1"_s));
     QCOMPARE(m_translator.calls, QStringList { u"English>Italiano:Soup"_s });
@@ -193,8 +201,11 @@ void LineDialogsTest::groupTitleMakesAndRemovesTheGroup()
     QVERIFY(trigger(*m_groupTitle, u"Command1"_s));
     QVERIFY(trigger(*m_groupTitle, u"Command2"_s));
     QVERIFY(trigger(*m_groupTitle, u"Command5"_s));
+    QVERIFY(trigger(*m_groupTitle, u"Command1"_s)); // cancelled
+    QVERIFY(trigger(*m_groupTitle, u"Command5"_s)); // cancelled
     QCOMPARE(shownText(*m_groupTitle, u"Text1"_s), u"pics/soup.JPG"_s);
     QCOMPARE(head.picturePath, u"pics/soup.JPG"_s);
+    QCOMPARE(head.backBackColor, u"255"_s);
     QVERIFY(trigger(*m_groupTitle, u"Command3"_s));
     QVERIFY(!m_groupTitle->isVisible());
     QCOMPARE(head.pictureRole, static_cast<std::int32_t>(GroupStart));
