@@ -5,6 +5,7 @@
 #include "support/SampleDocuments.h"
 #include "support/WidgetFixture.h"
 
+#include <QApplication>
 #include <QDir>
 #include <QLabel>
 #include <QLineEdit>
@@ -222,6 +223,12 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     QTest::keyClicks(price2, u"7.00"_s);
     row3->setFocus();
     QCOMPARE(document.Plus[2].Price, u"7.00"_s);
+    QLineEdit* price5 = nullptr; // a row without a product stores no price
+    QVERIFY(find(window(), u"Price_5"_s, price5));
+    price5->setFocus();
+    QTest::keyClicks(price5, u"8.00"_s);
+    row3->setFocus();
+    QCOMPARE(document.Plus[0].Price + document.Plus[1].Price + document.Plus[2].Price, u"3.009.507.00"_s);
 
     // The binding button lays out the product chosen in the catalogue and moves the choice on; typing
     // over the product renames it in the catalogue too.
@@ -239,6 +246,10 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     QListWidget* withModifiers = nullptr;
     QVERIFY(find(window(), u"List1"_s, withModifiers));
     QCOMPARE(withModifiers->item(0)->text(), u"Sopa do dia"_s);
+    products->setCurrentRow(products->count() - 1); // on the last entry the choice stays
+    bind->click();
+    QCOMPARE(document.LinePlu[0], 102);
+    QCOMPARE(products->currentRow(), products->count() - 1);
 
     // Page Down turns the page from a row; from the catalogue, which keeps the key, with Ctrl.
     row3->setFocus();
@@ -249,6 +260,19 @@ void MainWindowTest::rowsListsAndKeysReachTheDocument()
     QCOMPARE(page->text(), u"2"_s);
     QTest::keyClick(products, Qt::Key_PageDown, Qt::ControlModifier);
     QCOMPARE(page->text(), u"3"_s);
+    row3->setFocus();
+    QTest::keyClick(row3, Qt::Key_PageUp);
+    QCOMPARE(page->text(), u"2"_s);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_PageDown); // from where the focus went
+    QCOMPARE(page->text(), u"3"_s);
+
+    // Designing the menu gives the page the modifier panel's room, and takes it back.
+    QWidget* modifiers = nullptr;
+    QVERIFY(find(window(), u"Frame2"_s, modifiers));
+    QVERIFY(trigger(window(), u"Expand"_s));
+    QVERIFY(modifiers->isHidden());
+    QVERIFY(trigger(window(), u"Expand"_s));
+    QVERIFY(modifiers->isVisible());
 
     // Enter or a double-click on a row opens its editor; on a back row, the group title's.
     QStringList titles;
