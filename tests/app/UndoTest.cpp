@@ -132,6 +132,10 @@ void UndoTest::undoStopsAtTheMenuTheWindowStartedWith()
 {
     MainWindow& window = *m_fixture->window;
     QCOMPARE(actionState(u"EditUndo"_s), u"Undo (disabled)"_s);
+    QAction* redo = nullptr;
+    QVERIFY(find(window, u"EditRedo"_s, redo));
+    QCOMPARE(redo->shortcuts(),
+        QList<QKeySequence>({ QKeySequence(u"Ctrl+Shift+Z"_s), QKeySequence(u"Ctrl+Y"_s) }));
     const auto started = savedFiles();
 
     QVERIFY(trigger(window, u"DeletePage"_s));

@@ -332,6 +332,12 @@ void PageViewTest::pageAndRowButtonsReachThePageOperations()
     draw(1);
     QVERIFY(trigger(*m_view, u"Command14"_s)); // no page before the first
     QCOMPARE(m_view->currentPage(), 1);
+    draw(14);
+    d.LinePlu[lineSlot(14, 0)] = 100; // shown only when the page is drawn again, here by the button
+    d.LineLayouts[lineSlot(14, 0)].kind = ProductLine;
+    QVERIFY(trigger(*m_view, u"Command15"_s)); // nor after the last
+    QCOMPARE(m_view->currentPage(), 14);
+    QCOMPARE(shown(u"Linhas", 0), u"Product 0"_s);
     draw(6);
     QVERIFY(trigger(*m_view, u"Command15"_s));
     QCOMPARE(shownText(*m_view, u"Page"_s), u"7"_s);

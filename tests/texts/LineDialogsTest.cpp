@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTest>
 
 #include <memory>
@@ -102,6 +103,13 @@ QString LineDialogsTest::frame(const QString& name) const
 
 void LineDialogsTest::editLineStoresTextsKindsAndColoursAndClosesOnEnter()
 {
+    // An empty row has no line to colour.
+    openEditLine({ 1, 3, {}, {}, {}, {}, {} });
+    QPushButton *backColour = nullptr, *textColour = nullptr;
+    QVERIFY(find(*m_editLine, u"Command1"_s, backColour));
+    QVERIFY(find(*m_editLine, u"Command2"_s, textColour));
+    QVERIFY(!backColour->isEnabled() && !textColour->isEnabled());
+
     // A title on page 2, row 5: its texts live under 10029.
     LineLayout& title = m_document->LineLayouts[lineSlot(2, 5)];
     title.kind = TitleLine;
