@@ -1,7 +1,7 @@
 #!/bin/sh
 # Installs the Debian packages that building, running and testing Quorvel need, when any is missing.
 # With the argument "fuzz", also those that the fuzz targets need; with "package", those that building
-# the Debian package needs; with "format", the formatter.
+# the Debian package needs; with "coverage", the coverage report; with "format", the formatter.
 set -eu
 
 PACKAGES="
@@ -14,6 +14,7 @@ PACKAGES="
 case "${1:-}" in
   fuzz) PACKAGES="$PACKAGES clang libclang-rt-14-dev" ;;
   package) PACKAGES="$PACKAGES dpkg-dev file" ;;
+  coverage) PACKAGES="$PACKAGES gcovr" ;;
   format) PACKAGES="$PACKAGES clang-format" ;;
 esac
 

@@ -2,10 +2,8 @@
 // of the saved files and the pictures of the working folder.
 #include "app/MainWindow.h"
 #include "document/WorkingCopy.h"
-#include "support/RequireChild.h"
 #include "support/SampleDocuments.h"
-#include "support/ScriptedPrompts.h"
-#include "support/TestWorkingRoot.h"
+#include "support/WidgetFixture.h"
 
 #include <QAction>
 #include <QDir>
@@ -33,127 +31,126 @@ private slots:
 private:
     // The working folder's files, component files and pictures, after an autosave.
     QMap<QString, QByteArray> savedFiles();
-    QAction* action(const char* name) const;
-    template<typename T>
-    T* child(const QString& name) const;
+    // The text of the named action, and whether it is enabled.
+    QString actionState(const QString& name) const;
 
-    std::unique_ptr<TestWorkingRoot> m_root;
-    std::unique_ptr<ScriptedPrompts> m_prompts;
-    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowFixture> m_fixture;
 };
 
 void UndoTest::init()
 {
-    m_root = std::make_unique<TestWorkingRoot>();
-    m_prompts = std::make_unique<ScriptedPrompts>();
+    m_fixture = std::make_unique<WindowFixture>();
     // The previous run left the rich menu and one of its pictures in the working folder.
     const auto rich = SampleDocuments::richMenu();
     WorkingCopy::save(*rich);
-    writeBytes(m_root->workingFolder() + u"/doces.jpg"_s, "picture bytes");
-    m_window = std::make_unique<MainWindow>(*m_prompts);
-    m_window->show();
+    writeBytes(m_fixture->root.workingFolder() + u"/doces.jpg"_s, "picture bytes");
+    QVERIFY(m_fixture->startWindow());
 }
 
 void UndoTest::cleanup()
 {
-    m_window.reset();
-    m_root.reset();
+    m_fixture.reset();
 }
 
 QMap<QString, QByteArray> UndoTest::savedFiles()
 {
-    m_window->Timer1_Timer();
+    m_fixture->window->Timer1_Timer();
     QMap<QString, QByteArray> files;
-    const QDir folder(m_root->workingFolder());
+    const QDir folder(m_fixture->root.workingFolder());
     for (const QString& name : folder.entryList(QDir::Files)) {
         files.insert(name, readBytes(folder.filePath(name)));
     }
     return files;
 }
 
-QAction* UndoTest::action(const char* name) const
+QString UndoTest::actionState(const QString& name) const
 {
-    return requireChild<QAction>(*m_window, QLatin1StringView(name));
-}
-
-template<typename T>
-T* UndoTest::child(const QString& name) const
-{
-    return requireChild<T>(*m_window, name);
+    QAction* action = nullptr;
+    if (!find(*m_fixture->window, name, action)) {
+        return u"missing"_s;
+    }
+    return action->text() + (action->isEnabled() ? u" (enabled)"_s : u" (disabled)"_s);
 }
 
 void UndoTest::everyKindOfChangeIsUndoneAndRedoneToTheSameFiles()
 {
-    const QString csv = m_root->path() + u"/prices.csv"_s;
+    MainWindow& window = *m_fixture->window;
+    const QString csv = m_fixture->root.path() + u"/prices.csv"_s;
     writeBytes(csv, "\"PLUCODE\",\"DESCRIPTION\",\"PRICE\"\r\n\"501\",\"Cha\",\"1.20\"\r\n");
 
     struct Command
     {
         QString undoText;
-        std::function<void()> run;
+        std::function<bool()> run; // false when a control it uses is missing
     };
     const QList<Command> commands = {
-        { u"Undo Insert Page"_s, [&] { child<QPushButton>(u"InsertPage"_s)->click(); } },
+        { u"Undo Insert Page"_s, [&] { return trigger(window, u"InsertPage"_s); } },
         { u"Undo Typing"_s,
             [&] {
                 // A new product typed on an empty row is made when the row is left.
-                auto* row = child<QLineEdit>(u"Linhas_20"_s);
+                QLineEdit *row = nullptr, *next = nullptr;
+                if (!find(window, u"Linhas_20"_s, row) || !find(window, u"Linhas_21"_s, next)) {
+                    return false;
+                }
                 row->setFocus();
                 QTest::keyClicks(row, u"Agua das Pedras"_s);
-                child<QLineEdit>(u"Linhas_21"_s)->setFocus();
+                next->setFocus();
+                return true;
             } },
         { u"Undo New list"_s,
             [&] {
-                m_prompts->answers = QStringList { u"Bebidas"_s };
-                child<QPushButton>(u"Command5"_s)->click();
+                m_fixture->prompts.answers = QStringList { u"Bebidas"_s };
+                return trigger(window, u"Command5"_s);
             } },
-        { u"Undo New"_s, [&] { action("New")->trigger(); } },
+        { u"Undo New"_s, [&] { return trigger(window, u"New"_s); } },
         { u"Undo Import From CSV"_s,
             [&] {
-                m_prompts->answers = QStringList { csv };
-                action("ImportCSV")->trigger();
+                m_fixture->prompts.answers = QStringList { csv };
+                return trigger(window, u"ImportCSV"_s);
             } },
     };
-    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    QVERIFY(QTest::qWaitForWindowActive(&window));
     for (const Command& command : commands) {
         const auto before = savedFiles();
-        command.run();
+        QVERIFY2(command.run(), qPrintable(command.undoText));
         const auto after = savedFiles();
         QVERIFY2(after != before, qPrintable(command.undoText));
-        QCOMPARE(action("EditUndo")->text(), command.undoText);
+        QCOMPARE(actionState(u"EditUndo"_s), command.undoText + u" (enabled)"_s);
 
-        action("EditUndo")->trigger();
+        QVERIFY(trigger(window, u"EditUndo"_s));
         QCOMPARE(savedFiles(), before);
-        QVERIFY(action("EditRedo")->isEnabled());
+        QCOMPARE(actionState(u"EditRedo"_s), u"Redo"_s + command.undoText.mid(4) + u" (enabled)"_s);
 
-        action("EditRedo")->trigger();
+        QVERIFY(trigger(window, u"EditRedo"_s));
         QCOMPARE(savedFiles(), after);
-        QVERIFY(!action("EditRedo")->isEnabled());
+        QCOMPARE(actionState(u"EditRedo"_s), u"Redo (disabled)"_s);
     }
-    QVERIFY(m_prompts->messages.size() == 1); // the CSV layout the import tells about
+    QCOMPARE(m_fixture->prompts.messages.size(), 1); // the CSV layout the import tells about
 }
 
 void UndoTest::undoStopsAtTheMenuTheWindowStartedWith()
 {
-    QVERIFY(!action("EditUndo")->isEnabled());
-    QCOMPARE(action("EditUndo")->text(), u"Undo"_s);
-    QCOMPARE(action("EditRedo")->shortcuts(),
+    MainWindow& window = *m_fixture->window;
+    QCOMPARE(actionState(u"EditUndo"_s), u"Undo (disabled)"_s);
+    QAction* redo = nullptr;
+    QVERIFY(find(window, u"EditRedo"_s, redo));
+    QCOMPARE(redo->shortcuts(),
         QList<QKeySequence>({ QKeySequence(u"Ctrl+Shift+Z"_s), QKeySequence(u"Ctrl+Y"_s) }));
     const auto started = savedFiles();
 
-    child<QPushButton>(u"DeletePage"_s)->click();
-    child<QPushButton>(u"DeletePage"_s)->click();
+    QVERIFY(trigger(window, u"DeletePage"_s));
+    QVERIFY(trigger(window, u"DeletePage"_s));
     for (int i = 0; i < 3; ++i) {
-        action("EditUndo")->trigger();
+        QVERIFY(trigger(window, u"EditUndo"_s));
     }
     QCOMPARE(savedFiles(), started);
-    QVERIFY(!action("EditUndo")->isEnabled());
+    QCOMPARE(actionState(u"EditUndo"_s), u"Undo (disabled)"_s);
 
     // A change after undoing leaves nothing to redo.
-    action("EditRedo")->trigger();
-    child<QPushButton>(u"InsertPage"_s)->click();
-    QVERIFY(!action("EditRedo")->isEnabled());
-    QCOMPARE(action("EditUndo")->text(), u"Undo Insert Page"_s);
+    QVERIFY(trigger(window, u"EditRedo"_s));
+    QVERIFY(trigger(window, u"InsertPage"_s));
+    QCOMPARE(actionState(u"EditRedo"_s), u"Redo (disabled)"_s);
+    QCOMPARE(actionState(u"EditUndo"_s), u"Undo Insert Page (enabled)"_s);
 }
 
 QTEST_MAIN(UndoTest)

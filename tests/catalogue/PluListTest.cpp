@@ -1,8 +1,10 @@
 #include "catalogue/PluList.h"
 
+#include "document/Fault.h"
 #include "document/MenuDocument.h"
 #include "support/QtPrinters.h"
 #include "support/SampleDocuments.h"
+#include "support/ScriptedPrompts.h"
 
 #include <gtest/gtest.h>
 #include <random>
@@ -113,4 +115,56 @@ TEST(PluList, PlacedPlusMatchesTheLineByLineRuleOnACrowdedCatalogue)
     const QList<PluListEntry> expected = placedPlusByDefinition(document);
     ASSERT_GT(expected.size(), 1000);
     EXPECT_EQ(PluList::placedPlus(document), expected);
+}
+
+TEST(PluList, FilterAndFindMatchTheDescriptionIgnoringCase)
+{
+    const MenuDocument document = mixedCatalogue();
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("espRESSO")),
+        entries({ { u"Espresso", 1001 }, { u"espresso repetido", 1001 } }));
+    EXPECT_EQ(PluList::filteredPlus(document, QStringLiteral("água")), entries({ { u"ÁGUA com gás", 12 } }));
+    EXPECT_TRUE(PluList::filteredPlus(document, QStringLiteral("nada disto")).isEmpty());
+    EXPECT_EQ(PluList::filteredPlus(document, QString()), PluList::definedPlus(document));
+    EXPECT_TRUE(PluList::containsIgnoringCase(QStringLiteral("Água mineral"), QStringLiteral("MINERAL")));
+    EXPECT_TRUE(PluList::containsIgnoringCase(QStringLiteral("Água"), QString()));
+    EXPECT_FALSE(PluList::containsIgnoringCase(QStringLiteral("Água"), QStringLiteral("agua")));
+}
+
+TEST(PluList, AddingAsksNumberThenPriceAndKeepsCancelledAnswers)
+{
+    MenuDocument document;
+    addPlu(document, QStringLiteral("1001"), QStringLiteral("Espresso"), QStringLiteral("2.50"));
+    ScriptedPrompts prompts;
+    prompts.answers = QStringList { QStringLiteral("4001"), QStringLiteral("1.80") };
+    EXPECT_FALSE(PluList::addPlu(document, prompts, QString()));
+    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("message: Please fill Plu Description!") });
+
+    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral("Torrada, com manteiga")));
+    EXPECT_EQ(document.Plus[1],
+        (PluRecord { QStringLiteral("4001"), {}, QStringLiteral("4001"), QStringLiteral("1.80"),
+            QStringLiteral("Torrada, com manteiga") }));
+    // Both boxes cancelled: the product is added without a number, so never listed.
+    EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral("Bolo")));
+    EXPECT_EQ(document.Plus[2], (PluRecord { {}, {}, {}, {}, QStringLiteral("Bolo") }));
+    EXPECT_EQ(PluList::definedPlus(document).size(), 2);
+    EXPECT_EQ(prompts.asked.mid(1),
+        QStringList({ QStringLiteral("text: Plu Number"), QStringLiteral("text: Price"),
+            QStringLiteral("text: Plu Number"), QStringLiteral("text: Price") }));
+
+    // A full catalogue faults when the number is stored: after its box, before the price's.
+    document.PluCount = Limits::PluCapacity;
+    prompts.asked.clear();
+    EXPECT_THROW(PluList::addPlu(document, prompts, QStringLiteral("Mais um")), RangeFault);
+    EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("text: Plu Number") });
+    EXPECT_EQ(document.PluCount, Limits::PluCapacity);
+}
+
+TEST(PluList, ThePriceIsTheFirstProductsWithTheNumber)
+{
+    MenuDocument document;
+    addPlu(document, QStringLiteral("2001"), QStringLiteral("Água mineral"), QStringLiteral("1.20"));
+    addPlu(document, QStringLiteral("2001"), QStringLiteral("Água com gás"), QStringLiteral("1.50"));
+    EXPECT_EQ(PluList::priceOfPlu(document, 2001), u"1.20");
+    document.DeletePluNumber(2001);
+    EXPECT_EQ(PluList::priceOfPlu(document, 2001), QString());
 }

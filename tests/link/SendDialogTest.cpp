@@ -1,10 +1,8 @@
 #include "app/MainWindow.h"
 #include "designer/PageView.h"
 #include "link/PortSetting.h"
-#include "support/RequireChild.h"
-#include "support/ScriptedPrompts.h"
 #include "support/SimulatedLink.h"
-#include "support/TestWorkingRoot.h"
+#include "support/WidgetFixture.h"
 
 #include <QAction>
 #include <QCheckBox>
@@ -146,59 +144,71 @@ private slots:
     void theMenuCheckComesFirstAndShowsTheRowsItNames();
 
 private:
-    QDialog* openSendDialog() { return openSendDialog(*m_window); }
+    // The Send dialog the main window's Send command opens, past the menu check when it finds anything;
+    // null, after a warning, when none opens.
     static QDialog* openSendDialog(MainWindow& window);
+    [[nodiscard]] static bool clickSend(QDialog& dialog, const QString& port);
     QDialog* checkWindow() const { return m_window->findChild<QDialog*>(u"CheckMenu"_s); }
-    void clickSend(QDialog* dialog, const QString& port);
 
-    std::unique_ptr<TestWorkingRoot> m_root;
     std::unique_ptr<SimulatedLink> m_link;
-    std::unique_ptr<ScriptedPrompts> m_prompts;
-    std::unique_ptr<MainWindow> m_window;
+    std::unique_ptr<WindowFixture> m_fixture;
+    MainWindow* m_window = nullptr;
+    ScriptedPrompts* m_prompts = nullptr;
 };
 
 void SendDialogTest::init()
 {
-    m_root = std::make_unique<TestWorkingRoot>();
     m_link = std::make_unique<SimulatedLink>();
-    m_prompts = std::make_unique<ScriptedPrompts>();
-    m_window = std::make_unique<MainWindow>(*m_prompts);
-    m_window->show();
+    m_fixture = std::make_unique<WindowFixture>();
+    QVERIFY(m_fixture->startWindow());
+    m_window = m_fixture->window.get();
+    m_prompts = &m_fixture->prompts;
     craftMenu(m_window->document());
 }
 
 void SendDialogTest::cleanup()
 {
-    m_window.reset();
+    m_fixture.reset();
     m_link.reset();
-    m_root.reset();
 }
 
-// The crafted menu holds what the terminals would get wrong, so the menu check comes first.
 QDialog* SendDialogTest::openSendDialog(MainWindow& window)
 {
-    window.findChild<QAction*>(u"SendAll"_s)->trigger();
-    if (auto* check = window.findChild<QDialog*>(u"CheckMenu"_s); check && check->isVisible()) {
-        requireChild<QPushButton>(*check, u"SendAnyway"_s)->click();
+    if (!trigger(window, u"SendAll"_s)) {
+        return nullptr;
     }
-    return window.findChild<QDialog*>(u"SendDialog"_s);
+    // The crafted menu holds what the terminals would get wrong.
+    if (auto* check = window.findChild<QDialog*>(u"CheckMenu"_s); check && check->isVisible()) {
+        if (!trigger(*check, u"SendAnyway"_s)) {
+            return nullptr;
+        }
+    }
+    QDialog* dialog = nullptr;
+    return find(window, u"SendDialog"_s, dialog) ? dialog : nullptr;
 }
 
-void SendDialogTest::clickSend(QDialog* dialog, const QString& port)
+bool SendDialogTest::clickSend(QDialog& dialog, const QString& port)
 {
-    dialog->findChild<QLineEdit*>(u"Text2"_s)->setText(port);
-    QTest::mouseClick(dialog->findChild<QPushButton*>(u"Command1"_s), Qt::LeftButton);
+    QLineEdit* box = nullptr;
+    QPushButton* send = nullptr;
+    if (!find(dialog, u"Text2"_s, box) || !find(dialog, u"Command1"_s, send)) {
+        return false;
+    }
+    box->setText(port);
+    QTest::mouseClick(send, Qt::LeftButton);
+    return true;
 }
 
 void SendDialogTest::sendsTheWholeMenuInTheTerminalsOrder()
 {
-    QDialog* dialog = openSendDialog();
-    QVERIFY(dialog && dialog->isVisible());
+    QDialog* dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QVERIFY(dialog->isVisible());
     QCOMPARE(dialog->windowTitle(), u"Send"_s);
     // The catalogue goes to the working copy first, for the import of the products sent last.
-    QVERIFY(QFile::exists(m_root->workingFile(u"_pludata.txt"_s)));
+    QVERIFY(QFile::exists(m_fixture->root.workingFile(u"_pludata.txt"_s)));
 
-    clickSend(dialog, u"3"_s);
+    QVERIFY(clickSend(*dialog, u"3"_s));
 
     const auto textOf = [](int plu) -> QString {
         switch (plu) {
@@ -227,18 +237,24 @@ void SendDialogTest::sendsTheWholeMenuInTheTerminalsOrder()
 
     dialog->close();
     QVERIFY(QTest::qWaitFor([&] { return !m_window->findChild<QDialog*>(u"SendDialog"_s); }));
-    QCOMPARE(openSendDialog()->findChild<QLineEdit*>(u"Text2"_s)->text(), u"3"_s);
+    dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QCOMPARE(shownText(*dialog, u"Text2"_s), u"3"_s);
     QCOMPARE(m_prompts->messages, QStringList());
 }
 
 void SendDialogTest::thirteenPagesAndOldFirmwareChangeKeysAndTexts()
 {
-    QDialog* dialog = openSendDialog();
-    dialog->findChild<QCheckBox*>(u"Check1"_s)->setChecked(true);
-    QTest::mouseClick(dialog->findChild<QCheckBox*>(u"Check2"_s), Qt::LeftButton);
+    QDialog* dialog = openSendDialog(*m_window);
+    QCheckBox *thirteenPages = nullptr, *oldFirmware = nullptr;
+    QVERIFY(dialog);
+    QVERIFY(find(*dialog, u"Check1"_s, thirteenPages));
+    QVERIFY(find(*dialog, u"Check2"_s, oldFirmware));
+    thirteenPages->setChecked(true);
+    QTest::mouseClick(oldFirmware, Qt::LeftButton);
     QVERIFY(m_window->document().OldFirmware);
 
-    clickSend(dialog, u"3"_s);
+    QVERIFY(clickSend(*dialog, u"3"_s));
 
     const auto textOf = [](int plu) -> QString {
         switch (plu) {
@@ -262,17 +278,20 @@ void SendDialogTest::thirteenPagesAndOldFirmwareChangeKeysAndTexts()
 void SendDialogTest::aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed()
 {
     SimulatedLink::setInitResult(4);
-    QDialog* dialog = openSendDialog();
-    clickSend(dialog, u"3 (COM3)"_s);
+    QDialog* dialog = openSendDialog(*m_window);
+    QVERIFY(dialog);
+    QVERIFY(clickSend(*dialog, u"3 (COM3)"_s));
     QCOMPARE(m_link->calls(), QStringList { linkCall("menu_init", { 3, 1, 65535 }) });
     QCOMPARE(dialog->windowTitle(), u"Send"_s);
     QVERIFY(dialog->isVisible());
-    QVERIFY(dialog->findChild<QLabel*>(u"Status"_s)->text().contains(u"nothing was sent"_s));
+    QVERIFY(shownText(*dialog, u"Status"_s).contains(u"nothing was sent"_s));
     QCOMPARE(m_prompts->messages, QStringList());
 
     qputenv("QUORVEL_DRAVLINK", QByteArray(m_link->filePath(u"missing/Dravlink"_s).toLocal8Bit()));
     MainWindow otherWindow(*m_prompts);
-    clickSend(openSendDialog(otherWindow), u"3"_s);
+    QDialog* otherDialog = openSendDialog(otherWindow);
+    QVERIFY(otherDialog);
+    QVERIFY(clickSend(*otherDialog, u"3"_s));
     QCOMPARE(m_prompts->messages.size(), 1);
     QVERIFY2(m_prompts->messages.first().contains(u"Dravlink"_s), qPrintable(m_prompts->messages.first()));
 }
@@ -280,11 +299,12 @@ void SendDialogTest::aPortThatDoesNotOpenSendsNothingAndAMissingLibraryIsNamed()
 void SendDialogTest::theMenuCheckComesFirstAndShowsTheRowsItNames()
 {
     m_window->document().LinePlu[lineSlot(3, 4)] = 9876;
-    m_window->findChild<QAction*>(u"SendAll"_s)->trigger();
+    QVERIFY(trigger(*m_window, u"SendAll"_s));
     QDialog* check = checkWindow();
     QVERIFY(check && check->isVisible());
     QVERIFY(!m_window->findChild<QDialog*>(u"SendDialog"_s));
-    auto* problems = requireChild<QTreeWidget>(*check, u"Problems"_s);
+    QTreeWidget* problems = nullptr;
+    QVERIFY(find(*check, u"Problems"_s, problems));
     const QList<QTreeWidgetItem*> missing = problems->findItems(u"missing-product"_s, Qt::MatchExactly, 4);
     QCOMPARE(missing.size(), 1);
     QCOMPARE(missing.first()->text(0), u"3"_s);
@@ -295,11 +315,13 @@ void SendDialogTest::theMenuCheckComesFirstAndShowsTheRowsItNames()
     QCOMPARE(m_window->findChild<PageView*>()->currentPage(), 3);
     QCOMPARE(m_window->focusWidget(), m_window->findChild<QWidget*>(u"Linhas_4"_s));
 
-    requireChild<QPushButton>(*check, u"Close"_s)->click();
+    QVERIFY(trigger(*check, u"Close"_s));
     QVERIFY(!m_window->findChild<QDialog*>(u"SendDialog"_s));
-    m_window->findChild<QAction*>(u"CheckMenu"_s)->trigger();
+    QVERIFY(trigger(*m_window, u"CheckMenu"_s));
+    QPushButton* sendAnyway = nullptr;
+    QVERIFY(find(*checkWindow(), u"SendAnyway"_s, sendAnyway));
     QVERIFY(checkWindow()->isVisible());
-    QVERIFY(!requireChild<QPushButton>(*checkWindow(), u"SendAnyway"_s)->isVisible());
+    QVERIFY(!sendAnyway->isVisible());
 }
 
 QTEST_MAIN(SendDialogTest)
