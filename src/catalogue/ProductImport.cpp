@@ -6,6 +6,7 @@
 #include "document/Blanks.h"
 #include "document/LineReader.h"
 #include "document/MenuDocument.h"
+#include "document/NumberText.h"
 #include "document/PluLine.h"
 #include "document/WorkingPaths.h"
 
@@ -59,7 +60,7 @@ PluRecord parseCsvLine(QStringView line)
     PluRecord plu;
     plu.Code = nextQuoted(line, from).toString();
     plu.Description = trimBlanks(nextQuoted(line, from)).toString();
-    plu.Price = trimBlanks(nextQuoted(line, from)).toString();
+    plu.Price = NumberText::enteredPrice(trimBlanks(nextQuoted(line, from)).toString());
     return plu;
 }
 
@@ -84,10 +85,10 @@ bool isNumber(const QString& text)
     return number.match(text).hasMatch();
 }
 
-// An empty price is taken: the product is simply not priced yet.
-QString checkedPrice(const Worksheet& sheet, int row, QString price)
+// An empty price is taken: the product is simply not priced yet. Back offices write a decimal comma.
+QString checkedPrice(const Worksheet& sheet, int row, const QString& cell)
 {
-    price = trimBlanks(price).toString();
+    const QString price = NumberText::enteredPrice(trimBlanks(cell).toString());
     if (!price.isEmpty() && !isNumber(price)) {
         throw ImportError(sheet.path(),
             QStringLiteral("the price \"%1\" in row %2 is not a number")
@@ -145,19 +146,14 @@ QStringList familyLines(const Worksheet& sheet)
         });
 }
 
-// The back office writes its prices with a decimal comma.
 QStringList productLines(const Worksheet& sheet)
 {
     return exchangeLines(sheet,
         { QStringLiteral("NUMERO,N,6,0"), QStringLiteral("PLU,C,20"), QStringLiteral("VENDA,N,12,2") },
         [&sheet](int row, const RowCells& cells) {
             const auto& [number, text, price] = cells;
-            QString sale = price;
-            if (const qsizetype comma = sale.indexOf(u','); comma >= 0) {
-                sale[comma] = u'.';
-            }
             return QString(QStringLiteral("0, ") + number + QStringLiteral(",0, ") + number
-                + QStringLiteral(", ") + checkedPrice(sheet, row, sale) + QStringLiteral(", ") + text);
+                + QStringLiteral(", ") + checkedPrice(sheet, row, price) + QStringLiteral(", ") + text);
         });
 }
 

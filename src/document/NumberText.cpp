@@ -188,4 +188,9 @@ QString fileNumber(float value)
     return str(value) + u' ';
 }
 
+QString enteredPrice(QString text)
+{
+    return text.replace(u',', u'.');
+}
+
 } // namespace NumberText

@@ -36,4 +36,8 @@ QString str(float value);
 QString fileNumber(std::int32_t value);
 QString fileNumber(float value);
 
+// A price as it is typed or imported, as the catalogue stores it: a comma, which would split the
+// product's line in the catalogue file, becomes a decimal point ("4,50" is "4.50").
+QString enteredPrice(QString text);
+
 } // namespace NumberText

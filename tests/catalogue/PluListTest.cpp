@@ -135,10 +135,11 @@ TEST(PluList, AddingAsksNumberThenPriceAndKeepsCancelledAnswers)
     MenuDocument document;
     addPlu(document, QStringLiteral("1001"), QStringLiteral("Espresso"), QStringLiteral("2.50"));
     ScriptedPrompts prompts;
-    prompts.answers = QStringList { QStringLiteral("4001"), QStringLiteral("1.80") };
+    prompts.answers = QStringList { QStringLiteral("4001"), QStringLiteral("1,80") };
     EXPECT_FALSE(PluList::addPlu(document, prompts, QString()));
     EXPECT_EQ(prompts.asked, QStringList { QStringLiteral("message: Please fill Plu Description!") });
 
+    // A decimal comma is stored as the point the catalogue file needs.
     EXPECT_TRUE(PluList::addPlu(document, prompts, QStringLiteral("Torrada, com manteiga")));
     EXPECT_EQ(document.Plus[1],
         (PluRecord { QStringLiteral("4001"), {}, QStringLiteral("4001"), QStringLiteral("1.80"),

@@ -78,7 +78,7 @@ TEST_F(ProductImportTest, CsvTakesTheQuotedTextsOfEveryLineAndEmptiesTheRestOfTh
         "\"PLUCODE\",\"DESCRIPTION\",\"PRICE\"\r\n"
         "\"1001\",\"  Caf\xe9, large  \",\" 2.50 \"\r\n"
         "\n"
-        "\" 7\";\"Tea\";\"1\"\r"
+        "\" 7\";\"Tea\";\"1,20\"\r"
         "\"8\" \"Water, still\"\n"
         "no quotes at all");
 
@@ -91,7 +91,7 @@ TEST_F(ProductImportTest, CsvTakesTheQuotedTextsOfEveryLineAndEmptiesTheRestOfTh
         { u"PLUCODE"_s, u"DESCRIPTION"_s, u"PRICE"_s },
         { u"1001"_s, u"Café, large"_s, u"2.50"_s },
         { QString(), QString(), QString() },
-        { u" 7"_s, u"Tea"_s, u"1"_s },
+        { u" 7"_s, u"Tea"_s, u"1.20"_s }, // a decimal comma would split the catalogue line
         { u"8"_s, u"Water, still"_s, QString() },
         { QString(), QString(), QString() },
     };
@@ -212,9 +212,9 @@ TEST_F(ProductImportTest, SpreadsheetProblemsNameTheFileAndLeaveEverythingAsItWa
     const QString badPrice = file(u"badprice.xls"_s);
     writeXlsWorkbook(badPrice,
         { xlsSheet(u"Sheet1"_s, { u"PLUCODE"_s, u"DESCRIPTION"_s, u"PRICE"_s },
-            { { 1, u"Soup"_s, 2 }, { 2, u"Bread"_s, u"2,50"_s } }) });
+            { { 1, u"Soup"_s, 2 }, { 2, u"Bread"_s, u"2,5O"_s } }) });
     expectRefused(
-        [&] { import.fromPluSheet(badPrice); }, badPrice, u"the price \"2,50\" in row 3 is not a number"_s);
+        [&] { import.fromPluSheet(badPrice); }, badPrice, u"the price \"2.5O\" in row 3 is not a number"_s);
 
     QList<QJsonArray> tooMany;
     for (int i = 1; i <= Limits::PluCapacity + 1; ++i) {
