@@ -67,7 +67,7 @@ bool addPlu(MenuDocument& document, UserPrompts& prompts, const QString& descrip
     plu.Code = code;
     plu.AuxText.clear();
     plu.AltCode = code;
-    plu.Price = NumberText::enteredPrice(prompts.askText(QStringLiteral("Price")));
+    plu.Price = NumberText::withDecimalPoint(prompts.askText(QStringLiteral("Price")));
     plu.Description = description;
     ++document.PluCount;
     return true;

@@ -60,7 +60,7 @@ PluRecord parseCsvLine(QStringView line)
     PluRecord plu;
     plu.Code = nextQuoted(line, from).toString();
     plu.Description = trimBlanks(nextQuoted(line, from)).toString();
-    plu.Price = NumberText::enteredPrice(trimBlanks(nextQuoted(line, from)).toString());
+    plu.Price = NumberText::withDecimalPoint(trimBlanks(nextQuoted(line, from)).toString());
     return plu;
 }
 
@@ -88,7 +88,7 @@ bool isNumber(const QString& text)
 // An empty price is taken: the product is simply not priced yet. Back offices write a decimal comma.
 QString checkedPrice(const Worksheet& sheet, int row, const QString& cell)
 {
-    const QString price = NumberText::enteredPrice(trimBlanks(cell).toString());
+    const QString price = NumberText::withDecimalPoint(trimBlanks(cell).toString());
     if (!price.isEmpty() && !isNumber(price)) {
         throw ImportError(sheet.path(),
             QStringLiteral("the price \"%1\" in row %2 is not a number")

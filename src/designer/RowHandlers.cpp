@@ -172,7 +172,8 @@ void RowHandlers::Price_Change(int row)
     guarded([&] {
         const QString tag = tagOf(row);
         if (!isBlankTag(tag)) {
-            m_document.Plus[positionOfTag(tag)].Price = NumberText::enteredPrice(rowAt(row).price->text());
+            m_document.Plus[positionOfTag(tag)].Price
+                = NumberText::withDecimalPoint(rowAt(row).price->text());
         }
     });
 }

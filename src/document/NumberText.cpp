@@ -188,7 +188,7 @@ QString fileNumber(float value)
     return str(value) + u' ';
 }
 
-QString enteredPrice(QString text)
+QString withDecimalPoint(QString text)
 {
     return text.replace(u',', u'.');
 }

@@ -36,8 +36,8 @@ QString str(float value);
 QString fileNumber(std::int32_t value);
 QString fileNumber(float value);
 
-// A price as it is typed or imported, as the catalogue stores it: a comma, which would split the
-// product's line in the catalogue file, becomes a decimal point ("4,50" is "4.50").
-QString enteredPrice(QString text);
+// A number as it is typed or imported, as the menu stores it: a decimal comma becomes a point ("4,50"
+// is "4.50"). In a price a comma would split the product's line in the catalogue file.
+QString withDecimalPoint(QString text);
 
 } // namespace NumberText

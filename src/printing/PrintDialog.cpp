@@ -1,5 +1,6 @@
 #include "PrintDialog.h"
 
+#include "document/Fault.h"
 #include "document/NumberText.h"
 #include "printing/PrintPreferences.h"
 #include "ui/HandlerGuard.h"
@@ -16,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPageSize>
+#include <QPalette>
 #include <QPrintPreviewDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
@@ -29,6 +31,7 @@ using PrintSelection::Pages;
 namespace {
 
 constexpr double OffsetLimit = 50; // millimetres a printer may be off by, either way
+const QColor RefusedBoxColor(255, 214, 214); // a box whose text is not stored
 
 // As people write millimetres: "0.25", not the files' ".25".
 QString marginText(float value)
@@ -214,24 +217,41 @@ void PrintDialog::fillPrinterNames()
     PrinterName_Change();
 }
 
-void PrintDialog::storeMargin(float PrintSettings::*margin, const QString& text)
+// A margin box stores only a number, a decimal comma read as a point. Anything else is refused quietly,
+// not with a message at every keystroke: the box turns red and the margin keeps its last value.
+void PrintDialog::storeMargin(float PrintSettings::*margin, QLineEdit* box, const QString& text)
 {
-    guarded([&] { m_document.PrintSettings.*margin = NumberText::wholeSingle(text); });
+    guarded([&] {
+        bool stored = true;
+        try {
+            m_document.PrintSettings.*margin = NumberText::wholeSingle(NumberText::withDecimalPoint(text));
+        } catch (const TypeFault&) {
+            stored = false;
+        } catch (const OverflowFault&) {
+            stored = false;
+        }
+        QPalette colors = palette();
+        if (!stored) {
+            colors.setColor(QPalette::Base, RefusedBoxColor);
+        }
+        box->setPalette(colors);
+        box->setToolTip(stored ? QString() : QStringLiteral("Type a number of millimetres, such as 5.5"));
+    });
 }
 
 void PrintDialog::Text1_Change(const QString& text)
 {
-    storeMargin(&PrintSettings::Value1, text);
+    storeMargin(&PrintSettings::Value1, m_priceMargin, text);
 }
 
 void PrintDialog::Text2_Change(const QString& text)
 {
-    storeMargin(&PrintSettings::Value3, text);
+    storeMargin(&PrintSettings::Value3, m_textMargin, text);
 }
 
 void PrintDialog::Text4_Change(const QString& text)
 {
-    storeMargin(&PrintSettings::Value2, text);
+    storeMargin(&PrintSettings::Value2, m_lastRowMargin, text);
 }
 
 void PrintDialog::Check1_Click()

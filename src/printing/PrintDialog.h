@@ -58,7 +58,7 @@ private:
     // The sheets are made aside and replace the chosen file only once complete.
     void printToPdfFile();
     void setUpPrinter(QPrinter& printer) const;
-    void storeMargin(float PrintSettings::*margin, const QString& text);
+    void storeMargin(float PrintSettings::*margin, QLineEdit* box, const QString& text);
 
     MenuDocument& m_document;
     std::function<int()> m_currentPage;

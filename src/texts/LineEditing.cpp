@@ -20,7 +20,7 @@ void writeProduct(MenuDocument& document, const Closing& closing)
         PluRecord& plu = document.Plus[positionOfTag(closing.tag)];
         plu.Code = closing.code;
         // What the row's price box stores when it shows the price.
-        plu.Price = NumberText::enteredPrice(closing.price);
+        plu.Price = NumberText::withDecimalPoint(closing.price);
         document.LineLayouts[closing.slot].text = closing.previewText;
     } else if (!closing.code.isEmpty()) {
         const int position = document.PluCount;
@@ -29,7 +29,7 @@ void writeProduct(MenuDocument& document, const Closing& closing)
         plu.Code = closing.code;
         plu.Description = closing.previewText;
         plu.AltCode = plu.Code;
-        plu.Price = NumberText::enteredPrice(closing.price);
+        plu.Price = NumberText::withDecimalPoint(closing.price);
         document.LinePlu[closing.slot] = NumberText::int32Value(plu.Code);
         document.PluCount = position + 1;
     }
@@ -100,7 +100,7 @@ void writeBack(MenuDocument& document, const Closing& closing)
     if (const int selected = RowEditing::FindPluByDescription(document, closing.selectedEntryText);
         selected >= 0) {
         document.Plus[selected].Code = closing.code;
-        document.Plus[selected].Price = NumberText::enteredPrice(closing.price);
+        document.Plus[selected].Price = NumberText::withDecimalPoint(closing.price);
     }
 }
 

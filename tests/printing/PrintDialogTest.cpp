@@ -111,11 +111,17 @@ void PrintDialogTest::marginsAreWrittenOnEveryChangeAndANonNumberKeepsThem()
     QCOMPARE(print.Value1, 50.0F);
     QVERIFY(m_prompts.messages.isEmpty());
 
+    // Text that is not a number is refused quietly: the box turns red and the margin stays.
+    const QColor normal = left->palette().color(QPalette::Base);
     for (const QString& text : { QString(), u"12mm"_s, u"1e40"_s }) {
         left->setText(text);
         QCOMPARE(print.Value1, 50.0F);
+        QVERIFY(left->palette().color(QPalette::Base) != normal);
     }
-    QCOMPARE(m_prompts.messages, QStringList({ u"Type mismatch"_s, u"Type mismatch"_s, u"Overflow"_s }));
+    QVERIFY(m_prompts.messages.isEmpty());
+    left->setText(u"5,5"_s);
+    QCOMPARE(print.Value1, 5.5F);
+    QCOMPARE(left->palette().color(QPalette::Base), normal);
 
     QVERIFY(check->isChecked());
     check->click();
