@@ -435,11 +435,9 @@ void MainWindow::SendAll_Click()
             return;
         }
         // What the terminals would get wrong is shown first, with the choice to send anyway.
-        if (checkWindow()->refresh(true) > 0) {
-            showOnce(m_checkWindow, [this] { return checkWindow(); });
-            return;
+        if (runMenuCheck(true) == 0) {
+            openSendDialog();
         }
-        openSendDialog();
     });
 }
 
@@ -450,10 +448,18 @@ void MainWindow::openSendDialog()
 
 void MainWindow::CheckMenu_Click()
 {
-    guarded([this] {
-        checkWindow()->refresh(false);
-        showOnce(m_checkWindow, [this] { return checkWindow(); });
-    });
+    guarded([this] { runMenuCheck(false); });
+}
+
+// Lists what the check finds; shows the list when it was asked for or found anything.
+qsizetype MainWindow::runMenuCheck(bool beforeSending)
+{
+    MenuCheckWindow* window = checkWindow();
+    const qsizetype found = window->refresh(beforeSending);
+    if (found > 0 || !beforeSending) {
+        showOnce(m_checkWindow, [window] { return window; });
+    }
+    return found;
 }
 
 MenuCheckWindow* MainWindow::checkWindow()

@@ -100,6 +100,7 @@ private:
     void updateUndoActions();
     void closeOtherWindows();
     MenuCheckWindow* checkWindow();
+    qsizetype runMenuCheck(bool beforeSending);
     void openSendDialog();
     void showRow(int page, int row);
 

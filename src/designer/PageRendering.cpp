@@ -11,7 +11,6 @@ namespace PageRendering {
 
 namespace {
 
-constexpr int LetteredPages = 12;
 constexpr double PrintedRowHeight = 6.88;
 
 // Entry of the default colour tables that a line kind takes.
@@ -69,10 +68,10 @@ QString defaultSideColor()
 
 int LastUsedPage(const MenuDocument& document)
 {
-    for (int slot = LetteredPages * Limits::RowsPerPage; slot >= 0; --slot) {
+    for (int slot = Limits::LetteredPageCount * Limits::RowsPerPage; slot >= 0; --slot) {
         if (document.LinePlu[slot] > 0) {
             const int page = slot / Limits::RowsPerPage + 1;
-            if (page <= LetteredPages) {
+            if (page <= Limits::LetteredPageCount) {
                 return page;
             }
         }
@@ -92,14 +91,14 @@ std::int32_t colorNumber(const QString& colorText)
 
 std::optional<QString> magnetLetter(int page, const QString& pagesVersion, int lastUsedPage)
 {
-    if (page > LetteredPages) {
+    if (page > Limits::LetteredPageCount) {
         return QString();
     }
     QStringView letters;
     int position = 0; // counting from 1
     if (pagesVersion == u"0") {
         letters = u"ABCDEFGHIJKL ";
-        position = LetteredPages - lastUsedPage + page;
+        position = Limits::LetteredPageCount - lastUsedPage + page;
     } else if (pagesVersion == u"1") {
         letters = u"DEFGHIJKLABC ";
         position = page;

@@ -19,6 +19,7 @@ constexpr int LineSlotCount = PageCount * RowsPerPage + 1; // the last slot is a
 constexpr int LanguageCount = 5;
 constexpr int LanguageRowCount = 11337;
 constexpr int ColorKindCount = 4; // text lines, titles, notes, and one unused entry
+constexpr int LetteredPageCount = 12; // pages A to L; pages 13 and 14 have no magnet letter
 } // namespace Limits
 
 // Keys of the language table besides PLU numbers.

@@ -21,7 +21,6 @@ namespace MenuCheck {
 namespace {
 
 constexpr double HighestPlu = 9999;
-constexpr int LetteredPages = 12;
 
 QString productName(const PluRecord& product)
 {
@@ -158,7 +157,7 @@ private:
     void checkEmptyPages()
     {
         QList<int> used;
-        for (int page = 1; page <= LetteredPages; ++page) {
+        for (int page = 1; page <= Limits::LetteredPageCount; ++page) {
             for (int row = 0; row < Limits::RowsPerPage; ++row) {
                 if (m_document.LinePlu[lineSlot(page, row)] != 0) {
                     used.append(page);

@@ -6,11 +6,14 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPoint>
 #include <QPushButton>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
 namespace {
+
+constexpr int PlaceRole = Qt::UserRole;
 
 QString placeText(int number)
 {
@@ -46,8 +49,7 @@ MenuCheckWindow::MenuCheckWindow(const MenuDocument& document, QWidget* parent)
     m_problems->header()->setStretchLastSection(true);
     m_problems->setAccessibleName(QStringLiteral("Problems"));
     m_summary->setBuddy(m_problems);
-    connect(m_problems, &QTreeWidget::itemActivated, this,
-        [this](QTreeWidgetItem* item) { showProblem(m_problems->indexOfTopLevelItem(item)); });
+    connect(m_problems, &QTreeWidget::itemActivated, this, &MenuCheckWindow::showProblem);
 
     m_sendAnyway = commandButton(this, QStringLiteral("SendAnyway"), QStringLiteral("Send &anyway"));
     m_close = commandButton(this, QStringLiteral("Close"), QStringLiteral("Close"));
@@ -72,13 +74,13 @@ qsizetype MenuCheckWindow::refresh(bool beforeSending)
 {
     const QList<MenuCheck::Problem> problems = MenuCheck::check(m_document);
     m_problems->clear();
-    m_places.clear();
     QList<QTreeWidgetItem*> items;
     for (const MenuCheck::Problem& problem : problems) {
-        items.append(new QTreeWidgetItem({ placeText(problem.page), sideText(problem.side),
-            placeText(problem.row), problem.plu.trimmed(), problem.kind, problem.message }));
-        items.last()->setToolTip(5, problem.message);
-        m_places.append({ problem.page, problem.row });
+        auto* item = new QTreeWidgetItem({ placeText(problem.page), sideText(problem.side),
+            placeText(problem.row), problem.plu.trimmed(), problem.kind, problem.message });
+        item->setToolTip(5, problem.message);
+        item->setData(0, PlaceRole, QPoint(problem.page, problem.row));
+        items.append(item);
     }
     m_problems->addTopLevelItems(items);
     for (int column = 0; column < 5; ++column) {
@@ -97,13 +99,10 @@ qsizetype MenuCheckWindow::refresh(bool beforeSending)
     return problems.size();
 }
 
-void MenuCheckWindow::showProblem(int index)
+void MenuCheckWindow::showProblem(const QTreeWidgetItem* item)
 {
-    if (index < 0 || index >= m_places.size()) {
-        return;
-    }
-    const auto [page, row] = m_places.at(index);
-    if (page != 0) {
-        emit rowRequested(page, row);
+    const QPoint place = item->data(0, PlaceRole).toPoint(); // page and row, 0 for none
+    if (place.x() != 0) {
+        emit rowRequested(place.x(), place.y());
     }
 }

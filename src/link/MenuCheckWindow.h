@@ -6,6 +6,7 @@ class MenuDocument;
 class QLabel;
 class QPushButton;
 class QTreeWidget;
+class QTreeWidgetItem;
 
 // "Check Menu": what the terminals would get wrong, one row a problem. Activating a row shows its page
 // and row in the main window. Before a send it asks whether to send anyway.
@@ -25,12 +26,11 @@ signals:
     void sendAnywayRequested();
 
 private:
-    void showProblem(int index);
+    void showProblem(const QTreeWidgetItem* item);
 
     const MenuDocument& m_document;
     QLabel* m_summary = nullptr;
     QTreeWidget* m_problems = nullptr;
     QPushButton* m_sendAnyway = nullptr;
     QPushButton* m_close = nullptr;
-    QList<std::pair<int, int>> m_places; // page and row of each listed problem, 0 for none
 };

@@ -160,7 +160,7 @@ private:
 
     void noteMissing(const QString& storedPath)
     {
-        if (!isBlank(storedPath) && !m_missingPictures.contains(storedPath)) {
+        if (!isBlank(storedPath)) {
             m_missingPictures.append(storedPath);
         }
     }

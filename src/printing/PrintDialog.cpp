@@ -225,9 +225,7 @@ void PrintDialog::storeMargin(float PrintSettings::*margin, QLineEdit* box, cons
         bool stored = true;
         try {
             m_document.PrintSettings.*margin = NumberText::wholeSingle(NumberText::withDecimalPoint(text));
-        } catch (const TypeFault&) {
-            stored = false;
-        } catch (const OverflowFault&) {
+        } catch (const Fault&) { // not a number, or beyond a float
             stored = false;
         }
         QPalette colors = palette();

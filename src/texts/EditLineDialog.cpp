@@ -89,6 +89,7 @@ QWidget* EditLineDialog::buildKindArea()
 
     m_productFrame = named(new QGroupBox(QStringLiteral("PLU Code"), area), QStringLiteral("Frame1"));
     m_pluCode = named(new QLineEdit(m_productFrame), QStringLiteral("Text1"));
+    connect(m_pluCode, &QLineEdit::textChanged, this, &EditLineDialog::showLanguageLock);
     m_price = named(new QLineEdit(m_productFrame), QStringLiteral("Text2"));
     auto* codeLayout = new QFormLayout(m_productFrame);
     codeLayout->addRow(QStringLiteral("&Code"), m_pluCode);
@@ -154,7 +155,6 @@ void EditLineDialog::load()
         texts[static_cast<std::size_t>(row)] = m_document.LanguageTable.at(key, row + 1);
     }
     m_languages->load(texts);
-    connect(m_pluCode, &QLineEdit::textChanged, this, &EditLineDialog::showLanguageLock);
     Option_Click();
 }
 
